@@ -1,0 +1,52 @@
+// The command line's shared pieces: its Ui, the session it builds and the exit codes.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+
+#include "shell/session.h"
+#include "shell/ui.h"
+
+namespace kestrane::cli {
+
+// Exit status: done, input refused by a check, usage or file error.
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitRefused = 1;
+inline constexpr int kExitUsage = 2;
+
+// Notices go to standard error as they come in text mode, and are kept for
+// the "notices" member in JSON mode. Questions are answered no.
+class CliUi : public RecordingUi {
+ public:
+  explicit CliUi(bool json) : json_(json) {}
+  void notice(const std::string& text) override {
+    RecordingUi::notice(text);
+    if (!json_) std::cerr << text << '\n';
+  }
+
+ private:
+  bool json_;
+};
+
+// Options every command sees.
+struct GlobalOptions {
+  std::string pgmfiles;  // empty: pgmfiles beside the program
+  std::string date;      // YYYY-MM-DD, empty: today
+};
+
+// A session for the options: the program's paths and a fixed date if one was given.
+// Throws CLI::ValidationError for a date that is not a calendar day.
+std::unique_ptr<Session> MakeSession(const GlobalOptions& options);
+
+// Prints a JSON document on standard output.
+void PrintJson(const nlohmann::json& doc);
+
+// The command groups, each adding its subcommands to the application.
+void AddStartupCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
+void AddUserInfoCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
+
+}  // namespace kestrane::cli

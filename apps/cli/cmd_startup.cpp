@@ -1,0 +1,58 @@
+// kestrane startup: runs the start sequence and reports what it loaded.
+#include "cli.h"
+#include "shell/startup.h"
+
+namespace kestrane::cli {
+
+namespace {
+
+const char* UserInfoStateName(UserInfoRead state) {
+  switch (state) {
+    case UserInfoRead::kRead: return "read";
+    case UserInfoRead::kMissing: return "missing";
+    case UserInfoRead::kFailed: return "unreadable";
+  }
+  return "unreadable";
+}
+
+int RunStartup(const GlobalOptions& options, bool json) {
+  auto session = MakeSession(options);
+  CliUi ui(json);
+  RunStartSequence(*session, ui);
+  const AppData& data = session->data;
+  const Constants& c = data.constants;
+  const std::string today = FormatDate(session->Today());
+
+  if (json) {
+    nlohmann::json doc;
+    doc["status"] = ui.statuses;
+    doc["notices"] = ui.notices;
+    doc["pgmfiles"] = data.paths.pgmfiles.string();
+    doc["userinfo"] = UserInfoStateName(data.userinfo_state);
+    doc["today"] = today;
+    PrintJson(doc);
+    return kExitDone;
+  }
+  for (const auto& s : ui.statuses) std::cout << s << '\n';
+  std::cout << "\nProgram data:     " << data.paths.pgmfiles.string() << '\n'
+            << "Design curves:    maximum vapor velocity " << data.curves.VELOCITYCURVE.hi1()
+            << " points, condensing film " << data.curves.CONDCURVEA.hi1() << " and " << data.curves.CONDCURVEB.hi1()
+            << " points, " << data.curves.EFFLINES.hi1() << " efficiency lines\n"
+            << "Design tables:    " << c.MATERIALNAME.size() << " materials, " << c.PIPETAB.hi1() << " pipes, "
+            << c.SIZETAB.hi1() << " ejector sizes, " << c.BAROTAB.hi1() << " barometric condensers, "
+            << c.STDCONDENSER.hi1() << " standard condensers\n"
+            << "User information: " << UserInfoStateName(data.userinfo_state) << '\n'
+            << "Today:            " << today << '\n';
+  return kExitDone;
+}
+
+}  // namespace
+
+void AddStartupCommand(CLI::App& app, const GlobalOptions& options, int& exit_code) {
+  auto* cmd = app.add_subcommand("startup", "Load the program's data as the desktop program does and report it");
+  auto json = std::make_shared<bool>(false);
+  cmd->add_flag("--json", *json, "Print the result as JSON");
+  cmd->callback([&options, &exit_code, json] { exit_code = RunStartup(options, *json); });
+}
+
+}  // namespace kestrane::cli

@@ -1,0 +1,18 @@
+// Everything the start sequence loads: read-only afterwards except through the owners of each data set.
+#pragma once
+
+#include "shell/constants.h"
+#include "shell/paths.h"
+#include "shell/user_info.h"
+
+namespace kestrane {
+
+struct AppData {
+  ProgramPaths paths;
+  Curves curves;
+  Constants constants;
+  UserInfo USERINFO{kUserInfoRows};
+  UserInfoRead userinfo_state = UserInfoRead::kMissing;
+};
+
+}  // namespace kestrane

@@ -1,0 +1,33 @@
+// The start sequence: every data set loaded once, in a fixed order, each announced by its progress text.
+#include "shell/startup.h"
+
+namespace kestrane {
+
+void RunStartSequence(Session& session, Ui& ui) {
+  AppData& data = session.data;
+  session.EXITING = 0;
+
+  // Steam table: its reader is not part of this program yet.
+  ui.status(std::string(kStartProgressTexts[0]));
+
+  ui.status(std::string(kStartProgressTexts[1]));
+  SetCurves(data.curves);
+
+  // Vapor pressure data and user defined vapors: their readers are not part of this program yet.
+  ui.status(std::string(kStartProgressTexts[2]));
+
+  ui.status(std::string(kStartProgressTexts[3]));
+  SetConstants(data.constants);
+
+  // Drawing text and pump tables: their readers are not part of this program yet.
+  ui.status(std::string(kStartProgressTexts[4]));
+  ui.status(std::string(kStartProgressTexts[5]));
+
+  ui.status(std::string(kStartProgressTexts[6]));
+  data.userinfo_state = ReadUserInfo(data.paths.DataFile(kUserInfoFile), data.USERINFO, ui);
+
+  // The main menu's slogan; the pricing configuration is read under it.
+  ui.status(std::string(kStartProgressTexts[7]));
+}
+
+}  // namespace kestrane

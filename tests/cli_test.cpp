@@ -1,0 +1,130 @@
+// The kestrane command run as a user runs it.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct CliRun {
+  int exit_code = -1;
+  std::string out;
+  std::string err;
+};
+
+// Runs the program with the given arguments (already quoted for the shell).
+CliRun Kestrane(const std::string& args) {
+  const fs::path err_file = fs::temp_directory_path() / ("kestrane_cli_err_" + std::to_string(::getpid()));
+  const std::string command = std::string(KESTRANE_CLI) + " " + args + " 2>" + err_file.string();
+  CliRun r;
+  FILE* pipe = ::popen(command.c_str(), "r");
+  if (!pipe) return r;
+  std::array<char, 4096> buf{};
+  size_t n = 0;
+  while ((n = std::fread(buf.data(), 1, buf.size(), pipe)) > 0) r.out.append(buf.data(), n);
+  const int status = ::pclose(pipe);
+  r.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  std::ifstream in(err_file);
+  std::ostringstream s;
+  s << in.rdbuf();
+  r.err = s.str();
+  fs::remove(err_file);
+  return r;
+}
+
+class CommandLine : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir = fs::temp_directory_path() / ("kestrane_cli_" + std::to_string(::getpid()) + "_" +
+                                       ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(dir);
+    fs::create_directories(dir);
+  }
+  void TearDown() override { fs::remove_all(dir); }
+  std::string Pgm() const { return "--pgmfiles '" + dir.string() + "' "; }
+  fs::path dir;
+};
+
+}  // namespace
+
+TEST(CommandLineVersion, PrintsTheProgramVersion) {
+  const CliRun r = Kestrane("--version");
+  EXPECT_EQ(r.exit_code, 0);
+  EXPECT_EQ(r.out, "Kestrane 2.01\n");
+}
+
+TEST(CommandLineHelp, ListsTheCommands) {
+  const CliRun r = Kestrane("--help");
+  EXPECT_EQ(r.exit_code, 0);
+  EXPECT_NE(r.out.find("userinfo"), std::string::npos);
+  EXPECT_NE(r.out.find("--pgmfiles"), std::string::npos);
+  EXPECT_NE(r.out.find("--date"), std::string::npos);
+}
+
+TEST(CommandLineUsage, UnknownCommandsAndBadDatesAreUsageErrors) {
+  EXPECT_EQ(Kestrane("frobnicate").exit_code, 2);
+  EXPECT_EQ(Kestrane("").exit_code, 2);
+  const CliRun bad_date = Kestrane("--date 2026-02-30 startup");
+  EXPECT_EQ(bad_date.exit_code, 2);
+  EXPECT_NE(bad_date.err.find("2026-02-30"), std::string::npos);
+  EXPECT_EQ(Kestrane("--date tomorrow startup").exit_code, 2);
+}
+
+TEST_F(CommandLine, StartupShowsTheProgressTextsAndTheFixedDate) {
+  const CliRun r = Kestrane(Pgm() + "--date 2026-11-05 startup");
+  EXPECT_EQ(r.exit_code, 0);
+  EXPECT_EQ(r.out.find("Reading Steam Data....\nSetting Mollier Data......\n"), 0u);
+  EXPECT_NE(r.out.find("ENGINEERING ANSWERS FOR YOUR VACUUM SYSTEM NEEDS\n"), std::string::npos);
+  EXPECT_NE(r.out.find("Today:            Nov 05, 2026"), std::string::npos);
+  EXPECT_NE(r.out.find("User information: missing"), std::string::npos);
+  EXPECT_NE(r.err.find("kestrane userinfo set"), std::string::npos) << "a missing file says where to enter it";
+}
+
+TEST_F(CommandLine, StartupJsonCarriesStatusesAndNotices) {
+  const CliRun r = Kestrane(Pgm() + "--date 2026-01-09 startup --json");
+  EXPECT_EQ(r.exit_code, 0);
+  EXPECT_NE(r.out.find("\"today\": \"Jan 09, 2026\""), std::string::npos);
+  EXPECT_NE(r.out.find("\"userinfo\": \"missing\""), std::string::npos);
+  EXPECT_NE(r.out.find("\"Reading LRVP Data.....................\""), std::string::npos);
+  EXPECT_NE(r.out.find("\"notices\": ["), std::string::npos);
+  EXPECT_TRUE(r.err.empty()) << r.err;
+}
+
+TEST_F(CommandLine, UserInfoSetThenShowRoundTrips) {
+  CliRun set = Kestrane(Pgm() + "userinfo set --name 'Ann Lee' --company 'Acme Vacuum' --email ann@example.com");
+  ASSERT_EQ(set.exit_code, 0) << set.err;
+  std::ifstream in(dir / "USERINFO.DTA", std::ios::binary);
+  std::ostringstream bytes;
+  bytes << in.rdbuf();
+  EXPECT_EQ(bytes.str(), "Ann Lee\r\nAcme Vacuum\r\n\r\n\r\n\r\n\r\n\r\nann@example.com\r\n");
+
+  // A later set changes only the rows it names.
+  set = Kestrane(Pgm() + "userinfo set --phone '555 0100'");
+  ASSERT_EQ(set.exit_code, 0) << set.err;
+  const CliRun show = Kestrane(Pgm() + "userinfo show");
+  EXPECT_EQ(show.exit_code, 0);
+  EXPECT_NE(show.out.find("User Name:         Ann Lee\n"), std::string::npos) << show.out;
+  EXPECT_NE(show.out.find("Phone Number:      555 0100\n"), std::string::npos) << show.out;
+  EXPECT_NE(show.out.find("Email:             ann@example.com\n"), std::string::npos) << show.out;
+  EXPECT_TRUE(show.err.empty());
+}
+
+TEST_F(CommandLine, UserInfoShowOfAMissingFileSaysSoAndShowsEmptyRows) {
+  const CliRun r = Kestrane(Pgm() + "userinfo show --json");
+  EXPECT_EQ(r.exit_code, 0);
+  EXPECT_NE(r.out.find("\"USERINFO\": [\n    \"\",\n    \"\""), std::string::npos) << r.out;
+  EXPECT_NE(r.out.find("No user information is on file"), std::string::npos);
+}
+
+TEST_F(CommandLine, UserInfoSetIntoAFolderThatDoesNotExistIsAFileError) {
+  const CliRun r = Kestrane("--pgmfiles '" + (dir / "missing").string() + "' userinfo set --name x");
+  EXPECT_EQ(r.exit_code, 2);
+  EXPECT_NE(r.err.find("WriteUserInfo Error: 76 Path not found"), std::string::npos) << r.err;
+}

@@ -1,0 +1,224 @@
+// The start sequence, the user information store and the screen rules shared by every window.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "shell/forms.h"
+#include "shell/startup.h"
+#include "shell/user_info.h"
+
+using namespace kestrane;
+namespace fs = std::filesystem;
+
+namespace {
+
+class ProgramFolder : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir = fs::temp_directory_path() / ("kestrane_start_" + std::to_string(::getpid()) + "_" +
+                                       ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(dir);
+    fs::create_directories(dir / "pgmfiles");
+  }
+  void TearDown() override { fs::remove_all(dir); }
+  fs::path UserInfoPath() const { return dir / "pgmfiles" / "USERINFO.DTA"; }
+  void WriteBytes(const fs::path& p, const std::string& bytes) { std::ofstream(p, std::ios::binary) << bytes; }
+  std::string ReadBytes(const fs::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    std::ostringstream s;
+    s << in.rdbuf();
+    return s.str();
+  }
+  fs::path dir;
+};
+
+// Records when each status text arrived relative to the user information request.
+class OrderUi : public RecordingUi {
+ public:
+  void request_user_info(const std::string& path) override {
+    asked_after = statuses.size();
+    asked_path = path;
+  }
+  size_t asked_after = 0;
+  std::string asked_path;
+};
+
+}  // namespace
+
+TEST_F(ProgramFolder, StartSequenceShowsEveryProgressTextInOrder) {
+  Session session(PathsForProgram(dir));
+  RecordingUi ui;
+  RunStartSequence(session, ui);
+  ASSERT_EQ(ui.statuses.size(), kStartProgressTexts.size());
+  for (size_t i = 0; i < kStartProgressTexts.size(); ++i) EXPECT_EQ(ui.statuses[i], kStartProgressTexts[i]);
+  EXPECT_EQ(ui.statuses.back(), "ENGINEERING ANSWERS FOR YOUR VACUUM SYSTEM NEEDS");
+  EXPECT_EQ(kStartProgressTexts[6], "Reading User Data........................");
+  EXPECT_EQ(session.data.curves.VELOCITYCURVE.hi1(), 17);
+  EXPECT_EQ(session.data.constants.BAROTAB.hi1(), 39);
+}
+
+TEST_F(ProgramFolder, MissingUserInformationIsAskedForDuringLoadAndTheLoadGoesOn) {
+  Session session(PathsForProgram(dir));
+  OrderUi ui;
+  RunStartSequence(session, ui);
+  EXPECT_EQ(session.data.userinfo_state, UserInfoRead::kMissing);
+  EXPECT_EQ(ui.asked_after, 7u) << "asked while reading user data, before the slogan";
+  EXPECT_EQ(ui.asked_path, UserInfoPath().string());
+  EXPECT_EQ(ui.statuses.size(), 8u);
+  for (int row = 1; row <= kUserInfoRows; ++row) EXPECT_EQ(session.data.USERINFO(row), "");
+  EXPECT_TRUE(ui.notices.empty());
+}
+
+TEST_F(ProgramFolder, CommandLineUiSaysWhereToEnterMissingUserInformation) {
+  RecordingUi ui;
+  UserInfo rows(kUserInfoRows);
+  EXPECT_EQ(ReadUserInfo(UserInfoPath(), rows, ui), UserInfoRead::kMissing);
+  ASSERT_EQ(ui.notices.size(), 1u);
+  EXPECT_NE(ui.notices[0].find("kestrane userinfo set"), std::string::npos);
+  EXPECT_NE(ui.notices[0].find(UserInfoPath().string()), std::string::npos);
+}
+
+TEST_F(ProgramFolder, UserInformationIsReadAtStartUp) {
+  WriteBytes(UserInfoPath(), "Ann\r\nAcme Vacuum\r\n1 Main St\r\n\r\nSpringfield\r\n555-0100\r\n\r\nann@example.com\r\n");
+  Session session(PathsForProgram(dir));
+  RecordingUi ui;
+  RunStartSequence(session, ui);
+  EXPECT_EQ(session.data.userinfo_state, UserInfoRead::kRead);
+  EXPECT_EQ(session.data.USERINFO(1), "Ann");
+  EXPECT_EQ(session.data.USERINFO(4), "");
+  EXPECT_EQ(session.data.USERINFO(8), "ann@example.com");
+  EXPECT_TRUE(ui.notices.empty());
+}
+
+TEST_F(ProgramFolder, EightEmptyRowsRoundTrip) {
+  RecordingUi ui;
+  UserInfo rows(kUserInfoRows);
+  ASSERT_TRUE(WriteUserInfo(UserInfoPath(), rows, ui));
+  EXPECT_EQ(ReadBytes(UserInfoPath()), "\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n");
+  UserInfo back(kUserInfoRows);
+  for (int row = 1; row <= kUserInfoRows; ++row) back(row) = "x";
+  EXPECT_EQ(ReadUserInfo(UserInfoPath(), back, ui), UserInfoRead::kRead);
+  for (int row = 1; row <= kUserInfoRows; ++row) EXPECT_EQ(back(row), "");
+  EXPECT_TRUE(ui.notices.empty());
+}
+
+TEST_F(ProgramFolder, RowsAreWrittenAsTheyStandWithoutQuoting) {
+  RecordingUi ui;
+  UserInfo rows(kUserInfoRows);
+  rows(1) = "J. \"Doc\" Smith, P.E.";
+  rows(3) = "  Suite 5  ";
+  rows(8) = "r\xC3\xA9sum\xC3\xA9@example.com";
+  ASSERT_TRUE(WriteUserInfo(UserInfoPath(), rows, ui));
+  EXPECT_EQ(ReadBytes(UserInfoPath()),
+            "J. \"Doc\" Smith, P.E.\r\n\r\n  Suite 5  \r\n\r\n\r\n\r\n\r\nr\xE9sum\xE9@example.com\r\n");
+  UserInfo back(kUserInfoRows);
+  ReadUserInfo(UserInfoPath(), back, ui);
+  for (int row = 1; row <= kUserInfoRows; ++row) EXPECT_EQ(back(row), rows(row));
+}
+
+TEST_F(ProgramFolder, AShortFileReportsItsErrorAndKeepsTheRowsRead) {
+  WriteBytes(UserInfoPath(), "Ann\r\nAcme\r\nStreet\r\n");
+  RecordingUi ui;
+  UserInfo rows(kUserInfoRows);
+  rows(5) = "before";
+  EXPECT_EQ(ReadUserInfo(UserInfoPath(), rows, ui), UserInfoRead::kFailed);
+  ASSERT_EQ(ui.notices.size(), 1u);
+  EXPECT_EQ(ui.notices[0], "ReadUserInfo Error: 62 Input past end of file");
+  EXPECT_EQ(rows(1), "Ann");
+  EXPECT_EQ(rows(3), "Street");
+  EXPECT_EQ(rows(4), "");
+  EXPECT_EQ(rows(5), "before");
+}
+
+TEST_F(ProgramFolder, AFailedWriteReportsItsErrorAndKeepsThePreviousFile) {
+  WriteBytes(UserInfoPath(), "old\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n");
+  fs::create_directory(fs::path(UserInfoPath()) += ".tmp" + std::to_string(::getpid()));
+  RecordingUi ui;
+  UserInfo rows(kUserInfoRows);
+  rows(1) = "new";
+  EXPECT_FALSE(WriteUserInfo(UserInfoPath(), rows, ui));
+  ASSERT_EQ(ui.notices.size(), 1u);
+  EXPECT_EQ(ui.notices[0], "WriteUserInfo Error: 75 Path/File access error");
+  EXPECT_EQ(ReadBytes(UserInfoPath()), "old\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n");
+}
+
+namespace {
+
+class FakeHost : public FormHost {
+ public:
+  void SwapForms(Form leaving, Form coming) override { swaps.emplace_back(leaving, coming); }
+  void SendTab(bool backwards) override { tabs.push_back(backwards); }
+  void ProcessEvents() override {
+    ++events;
+    clock += 0.25f;
+  }
+  float Timer() override { return clock; }
+  std::vector<std::pair<Form, Form>> swaps;
+  std::vector<bool> tabs;
+  int events = 0;
+  float clock = 100;
+};
+
+}  // namespace
+
+TEST(Keys, EnterMovesOnAndIsSwallowed) {
+  FakeHost host;
+  int16_t key = 13;
+  EnterToTab(key, host);
+  EXPECT_EQ(key, 0);
+  ASSERT_EQ(host.tabs.size(), 1u);
+  EXPECT_FALSE(host.tabs[0]);
+  key = 65;
+  EnterToTab(key, host);
+  EXPECT_EQ(key, 65);
+  EXPECT_EQ(host.tabs.size(), 1u);
+}
+
+TEST(Keys, ArrowsMoveBetweenFieldsAndPageKeysDoNothing) {
+  FakeHost host;
+  ArrowToTab(40, host);
+  ArrowToTab(38, host);
+  ArrowToTab(33, host);
+  ArrowToTab(34, host);
+  ArrowToTab(37, host);
+  EXPECT_EQ(host.tabs, (std::vector<bool>{false, true}));
+}
+
+TEST(Delay, KeepsTheScreenAliveUntilTheTimeHasPassed) {
+  FakeHost host;
+  DelaySeconds(1.0f, host);
+  EXPECT_EQ(host.events, 4);
+  DelaySeconds(0, host);
+  EXPECT_EQ(host.events, 4);
+}
+
+TEST(WindowGeometry, MaximisedWindowsAreNotMovedSoTheNormalPlaceSurvives) {
+  WindowGeometry shared{0, 100, 200, 9720, 6900};
+  WindowGeometry form{0, 100, 200, 9720, 6900};
+  auto same = ApplyWindowGeometry(form, shared);
+  EXPECT_FALSE(same.set_state);
+  EXPECT_FALSE(same.move);
+
+  form.WINLEFT = 300;
+  EXPECT_TRUE(ApplyWindowGeometry(form, shared).move);
+
+  // The user maximises: the state is saved but the stored place is not used.
+  WindowGeometry maximised{2, 0, 0, 15000, 11000};
+  WindowGeometry shared_max = shared;
+  shared_max.WINSTATE = 2;
+  auto change = ApplyWindowGeometry(maximised, shared_max);
+  EXPECT_FALSE(change.set_state);
+  EXPECT_FALSE(change.move);
+  WindowGeometry normal_form{0, 0, 0, 15000, 11000};
+  auto to_max = ApplyWindowGeometry(normal_form, shared_max);
+  EXPECT_TRUE(to_max.set_state);
+  EXPECT_FALSE(to_max.move);
+
+  WindowGeometry saved;
+  SaveWindowGeometry(form, saved);
+  EXPECT_EQ(saved.WINLEFT, 300);
+  EXPECT_EQ(saved.WINHEIGHT, 6900);
+}
