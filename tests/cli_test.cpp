@@ -6,8 +6,8 @@
 #include <array>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
+
+#include "test_support.h"
 
 namespace fs = std::filesystem;
 
@@ -31,25 +31,15 @@ CliRun Kestrane(const std::string& args) {
   while ((n = std::fread(buf.data(), 1, buf.size(), pipe)) > 0) r.out.append(buf.data(), n);
   const int status = ::pclose(pipe);
   r.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  std::ifstream in(err_file);
-  std::ostringstream s;
-  s << in.rdbuf();
-  r.err = s.str();
+  r.err = kestrane::testing::ReadBytes(err_file);
   fs::remove(err_file);
   return r;
 }
 
-class CommandLine : public ::testing::Test {
+// A scratch folder used as the program's data folder.
+class CommandLine : public kestrane::testing::ScratchFolder {
  protected:
-  void SetUp() override {
-    dir = fs::temp_directory_path() / ("kestrane_cli_" + std::to_string(::getpid()) + "_" +
-                                       ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dir);
-    fs::create_directories(dir);
-  }
-  void TearDown() override { fs::remove_all(dir); }
   std::string Pgm() const { return "--pgmfiles '" + dir.string() + "' "; }
-  fs::path dir;
 };
 
 }  // namespace
@@ -100,10 +90,7 @@ TEST_F(CommandLine, StartupJsonCarriesStatusesAndNotices) {
 TEST_F(CommandLine, UserInfoSetThenShowRoundTrips) {
   CliRun set = Kestrane(Pgm() + "userinfo set --name 'Ann Lee' --company 'Acme Vacuum' --email ann@example.com");
   ASSERT_EQ(set.exit_code, 0) << set.err;
-  std::ifstream in(dir / "USERINFO.DTA", std::ios::binary);
-  std::ostringstream bytes;
-  bytes << in.rdbuf();
-  EXPECT_EQ(bytes.str(), "Ann Lee\r\nAcme Vacuum\r\n\r\n\r\n\r\n\r\n\r\nann@example.com\r\n");
+  EXPECT_EQ(kestrane::testing::ReadBytes(dir / "USERINFO.DTA"), "Ann Lee\r\nAcme Vacuum\r\n\r\n\r\n\r\n\r\n\r\nann@example.com\r\n");
 
   // A later set changes only the rows it names.
   set = Kestrane(Pgm() + "userinfo set --phone '555 0100'");

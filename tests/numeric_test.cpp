@@ -4,8 +4,10 @@
 #include <cmath>
 
 #include "properties/numeric.h"
+#include "test_support.h"
 
 using namespace kestrane;
+using kestrane::testing::ErrorNumberOf;
 
 namespace {
 
@@ -32,15 +34,6 @@ Lookup Interp(const Array2D<float>& t, float x, int16_t xcol = 1, int16_t ycol =
   r.xcol = xcol;
   TableInterp(t, static_cast<int16_t>(t.hi1()), static_cast<int16_t>(t.hi2()), x, r.status, r.xcol, ycol, r.result);
   return r;
-}
-
-int ErrorNumberOf(auto&& f) {
-  try {
-    f();
-  } catch (const VbError& e) {
-    return e.number();
-  }
-  return 0;
 }
 
 }  // namespace

@@ -3,36 +3,28 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "shell/forms.h"
 #include "shell/startup.h"
 #include "shell/user_info.h"
+#include "test_support.h"
 
 using namespace kestrane;
 namespace fs = std::filesystem;
 
 namespace {
 
-class ProgramFolder : public ::testing::Test {
+using kestrane::testing::ReadBytes;
+using kestrane::testing::WriteBytes;
+
+// A program folder with its pgmfiles.
+class ProgramFolder : public kestrane::testing::ScratchFolder {
  protected:
   void SetUp() override {
-    dir = fs::temp_directory_path() / ("kestrane_start_" + std::to_string(::getpid()) + "_" +
-                                       ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dir);
+    ScratchFolder::SetUp();
     fs::create_directories(dir / "pgmfiles");
   }
-  void TearDown() override { fs::remove_all(dir); }
   fs::path UserInfoPath() const { return dir / "pgmfiles" / "USERINFO.DTA"; }
-  void WriteBytes(const fs::path& p, const std::string& bytes) { std::ofstream(p, std::ios::binary) << bytes; }
-  std::string ReadBytes(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-  }
-  fs::path dir;
 };
 
 // Records when each status text arrived relative to the user information request.

@@ -3,40 +3,18 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "properties/text_codec.h"
 #include "properties/vb.h"
 #include "properties/vb_file.h"
+#include "test_support.h"
 
 using namespace kestrane;
 namespace fs = std::filesystem;
 
-namespace {
-
-class TempDir : public ::testing::Test {
- protected:
-  void SetUp() override {
-    dir = fs::temp_directory_path() / ("kestrane_text_" + std::to_string(::getpid()) + "_" +
-                                       ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dir);
-    fs::create_directories(dir);
-  }
-  void TearDown() override { fs::remove_all(dir); }
-  void WriteBytes(const fs::path& p, const std::string& bytes) {
-    std::ofstream(p, std::ios::binary) << bytes;
-  }
-  std::string ReadBytes(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-  }
-  fs::path dir;
-};
-
-}  // namespace
+using TempDir = kestrane::testing::ScratchFolder;
+using kestrane::testing::ReadBytes;
+using kestrane::testing::WriteBytes;
 
 TEST(TextCodec, Windows1252AndUtf8RoundTrip) {
   EXPECT_EQ(Cp1252ToUtf8("25\xB0""C"), "25\xC2\xB0""C");

@@ -2,21 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "properties/vb.h"
+#include "test_support.h"
 
 using namespace kestrane;
-
-namespace {
-
-int ErrorNumberOf(auto&& f) {
-  try {
-    f();
-  } catch (const VbError& e) {
-    return e.number();
-  }
-  return 0;
-}
-
-}  // namespace
+using kestrane::testing::ErrorNumberOf;
 
 TEST(CInt, RoundsHalfToEven) {
   EXPECT_EQ(CInt(2.5), 2);

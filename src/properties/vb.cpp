@@ -134,8 +134,6 @@ const char* const kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
 
 VbError::VbError(int number) : std::runtime_error(ErrorText(number)), number_(number) {}
 
-std::string VbErrorDescription(int number) { return ErrorText(number); }
-
 int16_t CInt(double x) {
   // nearbyint rounds half to even in the default rounding mode.
   const double r = std::nearbyint(x);

@@ -24,9 +24,6 @@ class VbError : public std::runtime_error {
   int number_;
 };
 
-// Standard description of an error number ("Overflow" for 6...).
-std::string VbErrorDescription(int number);
-
 // Round half to even to a 16-bit integer; error 6 when out of range.
 int16_t CInt(double x);
 

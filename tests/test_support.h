@@ -1,0 +1,53 @@
+// Helpers shared by the test suites: error numbers, a scratch folder per test, whole-file bytes.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "properties/vb.h"
+
+namespace kestrane::testing {
+
+// The error number a call raises, 0 when it raises none.
+template <typename F>
+int ErrorNumberOf(F&& f) {
+  try {
+    f();
+  } catch (const VbError& e) {
+    return e.number();
+  }
+  return 0;
+}
+
+inline std::string ReadBytes(const std::filesystem::path& p) {
+  std::ifstream in(p, std::ios::binary);
+  std::ostringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+inline void WriteBytes(const std::filesystem::path& p, const std::string& bytes) {
+  std::ofstream(p, std::ios::binary) << bytes;
+}
+
+// A fresh empty folder for each test, removed afterwards.
+class ScratchFolder : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir = std::filesystem::temp_directory_path() /
+          ("kestrane_" + std::to_string(::getpid()) + "_" +
+           ::testing::UnitTest::GetInstance()->current_test_info()->test_suite_name() + "_" +
+           ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    std::filesystem::remove_all(dir);
+    std::filesystem::create_directories(dir);
+  }
+  void TearDown() override { std::filesystem::remove_all(dir); }
+  std::filesystem::path dir;
+};
+
+}  // namespace kestrane::testing
