@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <filesystem>
 
+#include <nlohmann/json.hpp>
+
 #include "test_support.h"
 
 namespace fs = std::filesystem;
@@ -39,6 +41,10 @@ CliRun Kestrane(const std::string& args) {
 // A scratch folder used as the program's data folder.
 class CommandLine : public kestrane::testing::ScratchFolder {
  protected:
+  void SetUp() override {
+    ScratchFolder::SetUp();
+    kestrane::testing::CopySteamTable(dir);
+  }
   std::string Pgm() const { return "--pgmfiles '" + dir.string() + "' "; }
 };
 
@@ -114,4 +120,49 @@ TEST_F(CommandLine, UserInfoSetIntoAFolderThatDoesNotExistIsAFileError) {
   const CliRun r = Kestrane("--pgmfiles '" + (dir / "missing").string() + "' userinfo set --name x");
   EXPECT_EQ(r.exit_code, 2);
   EXPECT_NE(r.err.find("WriteUserInfo Error: 76 Path not found"), std::string::npos) << r.err;
+}
+
+TEST_F(CommandLine, SteamAtOneAtmosphereIsSaturatedAt212F) {
+  const CliRun r = Kestrane(Pgm() + "steam pt 760 0 --json");
+  ASSERT_EQ(r.exit_code, 0) << r.err;
+  const auto doc = nlohmann::json::parse(r.out);
+  EXPECT_NEAR(doc["t"].get<double>(), 212.0, 0.1);
+  EXPECT_NEAR(doc["h"].get<double>(), 1150.3, 0.2);
+  EXPECT_NEAR(doc["v"].get<double>(), 26.8, 0.05);
+  EXPECT_EQ(doc["failed"], 0);
+  EXPECT_TRUE(doc["notices"].empty());
+  // A single is written from its exact value.
+  const float t = doc["t"].get<float>();
+  EXPECT_EQ(doc["t"].get<double>(), static_cast<double>(t));
+}
+
+TEST_F(CommandLine, SteamStatesAndSaturationFromEachForm) {
+  const CliRun ph = Kestrane(Pgm() + "steam ph 760 1000 --json");
+  ASSERT_EQ(ph.exit_code, 0);
+  EXPECT_NEAR(nlohmann::json::parse(ph.out)["moisture"].get<double>(), 15.5, 0.1);
+  const CliRun ps = Kestrane(Pgm() + "steam ps 760 1.7566");
+  ASSERT_EQ(ps.exit_code, 0);
+  EXPECT_EQ(ps.out.find("t         212"), 0u) << ps.out;
+  const CliRun sat = Kestrane(Pgm() + "steam sat 212 --json");
+  ASSERT_EQ(sat.exit_code, 0);
+  EXPECT_NEAR(nlohmann::json::parse(sat.out)["p"].get<double>(), 760.7, 0.1);
+}
+
+TEST_F(CommandLine, SteamBeyondTheTableIsRefusedWithItsNotice) {
+  const CliRun r = Kestrane(Pgm() + "steam pt 0.1 300");
+  EXPECT_EQ(r.exit_code, 1);
+  EXPECT_EQ(r.err, "PRESSURE OF 0.1 IS BEYOND LIMITS OF STEAM DATA...ABORTED\r\n\n");
+  const CliRun json = Kestrane(Pgm() + "steam sat 700 --json");
+  EXPECT_EQ(json.exit_code, 1);
+  EXPECT_EQ(nlohmann::json::parse(json.out)["failed"], 1);
+}
+
+TEST_F(CommandLine, AMissingSteamTableEndsCleanlyWithItsNotice) {
+  fs::remove(dir / "MOLVBLG.DTA");
+  for (const char* args : {"steam pt 760 0", "startup"}) {
+    const CliRun r = Kestrane(Pgm() + args);
+    EXPECT_EQ(r.exit_code, 2) << args;
+    EXPECT_NE(r.err.find("An error has occurred reading the steam data file (MOLVB.DTA)."), std::string::npos)
+        << args;
+  }
 }

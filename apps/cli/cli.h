@@ -42,11 +42,19 @@ struct GlobalOptions {
 // Throws CLI::ValidationError for a date that is not a calendar day.
 std::unique_ptr<Session> MakeSession(const GlobalOptions& options);
 
+// Reads the steam table into the session; false (with the read error notice
+// shown) when it cannot be read.
+bool LoadSteamTable(Session& session, Ui& ui);
+
 // Prints a JSON document on standard output.
 void PrintJson(const nlohmann::json& doc);
+
+// A single as a JSON number: the float's exact value.
+inline nlohmann::json JsonSingle(float value) { return static_cast<double>(value); }
 
 // The command groups, each adding its subcommands to the application.
 void AddStartupCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddUserInfoCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
+void AddSteamCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 
 }  // namespace kestrane::cli

@@ -18,23 +18,28 @@ const char* UserInfoStateName(UserInfoRead state) {
 int RunStartup(const GlobalOptions& options, bool json) {
   auto session = MakeSession(options);
   CliUi ui(json);
-  RunStartSequence(*session, ui);
+  const bool started = RunStartSequence(*session, ui);
   const AppData& data = session->data;
   const Constants& c = data.constants;
   const std::string today = FormatDate(session->Today());
 
   if (json) {
     nlohmann::json doc;
+    doc["started"] = started;
     doc["status"] = ui.statuses;
     doc["notices"] = ui.notices;
     doc["pgmfiles"] = data.paths.pgmfiles.string();
     doc["userinfo"] = UserInfoStateName(data.userinfo_state);
     doc["today"] = today;
     PrintJson(doc);
-    return kExitDone;
+    return started ? kExitDone : kExitUsage;
   }
   for (const auto& s : ui.statuses) std::cout << s << '\n';
+  if (!started) return kExitUsage;
   std::cout << "\nProgram data:     " << data.paths.pgmfiles.string() << '\n'
+            << "Steam table:      " << data.steam.STEAMNP << " pressures from " << GeneralText(data.steam.STEAMTBL(1, 1))
+            << " to " << GeneralText(data.steam.STEAMTBL(data.steam.STEAMNP, 1)) << " psia, "
+            << (data.steam.STEAMNC - 7) / 2 << " superheat temperatures\n"
             << "Design curves:    maximum vapor velocity " << data.curves.VELOCITYCURVE.hi1()
             << " points, condensing film " << data.curves.CONDCURVEA.hi1() << " and " << data.curves.CONDCURVEB.hi1()
             << " points, " << data.curves.EFFLINES.hi1() << " efficiency lines\n"

@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
   int exit_code = cli::kExitDone;
   cli::AddStartupCommand(app, options, exit_code);
   cli::AddUserInfoCommand(app, options, exit_code);
+  cli::AddSteamCommand(app, options, exit_code);
 
   try {
     app.parse(argc, argv);
@@ -29,6 +30,10 @@ int main(int argc, char** argv) {
     return app.exit(e);
   } catch (const CLI::ParseError& e) {
     app.exit(e);
+    return cli::kExitUsage;
+  } catch (const VbError& e) {
+    // An arithmetic or data fault that no routine traps: report it, never crash.
+    std::cerr << "Run-time error " << e.number() << ": " << e.description() << '\n';
     return cli::kExitUsage;
   }
   return exit_code;

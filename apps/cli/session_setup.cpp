@@ -31,6 +31,10 @@ std::unique_ptr<Session> MakeSession(const GlobalOptions& options) {
   return session;
 }
 
+bool LoadSteamTable(Session& session, Ui& ui) {
+  return ReadSteamData(session.data.paths.DataFile(kSteamFile), session.data.steam, ui);
+}
+
 void PrintJson(const nlohmann::json& doc) { std::cout << doc.dump(2) << '\n'; }
 
 }  // namespace kestrane::cli

@@ -1,6 +1,7 @@
 // Everything the start sequence loads: read-only afterwards except through the owners of each data set.
 #pragma once
 
+#include "properties/steam.h"
 #include "shell/constants.h"
 #include "shell/paths.h"
 #include "shell/user_info.h"
@@ -9,6 +10,7 @@ namespace kestrane {
 
 struct AppData {
   ProgramPaths paths;
+  SteamTable steam;
   Curves curves;
   Constants constants;
   UserInfo USERINFO{kUserInfoRows};

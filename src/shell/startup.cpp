@@ -3,12 +3,12 @@
 
 namespace kestrane {
 
-void RunStartSequence(Session& session, Ui& ui) {
+bool RunStartSequence(Session& session, Ui& ui) {
   AppData& data = session.data;
   session.EXITING = 0;
 
-  // Steam table: its reader is not part of this program yet.
   ui.status(std::string(kStartProgressTexts[0]));
+  if (!ReadSteamData(data.paths.DataFile(kSteamFile), data.steam, ui)) return false;
 
   ui.status(std::string(kStartProgressTexts[1]));
   SetCurves(data.curves);
@@ -28,6 +28,7 @@ void RunStartSequence(Session& session, Ui& ui) {
 
   // The main menu's slogan; the pricing configuration is read under it.
   ui.status(std::string(kStartProgressTexts[7]));
+  return true;
 }
 
 }  // namespace kestrane

@@ -1,0 +1,314 @@
+// Steam states from pressure with temperature, enthalpy or entropy, and the volume of superheated steam.
+#include <cmath>
+#include <string>
+
+#include "properties/steam.h"
+#include "properties/vb.h"
+
+namespace kestrane {
+
+namespace {
+
+// The first superheat temperature, which also stands as a plain constant.
+constexpr float kFirstTableTemp = 120;
+// Absolute temperature of the last table column (1600 F) and the top of the extension.
+constexpr float kLastTableRankine = 2059.7f;
+constexpr float kExtensionTopRankine = 2459.7f;
+
+std::string LimitMessage(const char* what, float value) {
+  return what + Str(value) + " IS BEYOND LIMITS OF STEAM DATA...ABORTED\r\n";
+}
+
+// Enthalpy above the last table column at absolute temperature m, by the
+// specific heat polynomial from the last table enthalpy h0.
+float ExtendedEnthalpy(float h0, float m) {
+  const double t0 = kLastTableRankine;
+  const double c = (m - 459.7) * (-0.25 / 360) + ((0.25 / 360) * 1600 + 0.29);
+  return static_cast<float>(h0 + 0.44586 * (m - t0) - (3.4943E-05 / 2) * (static_cast<double>(m) * m - t0 * t0) +
+                            (6.3889E-08 / 3) * (std::pow(static_cast<double>(m), 3) - std::pow(t0, 3)) + c);
+}
+
+// Entropy above the last table column from the mean specific heat.
+float ExtendedEntropy(float h, float h0, float s0, float m) {
+  const float cp = (h - h0) / (m - kLastTableRankine);
+  const double e = (m - 459.7) * (-0.0008 / 480) + 0.0015;
+  return static_cast<float>(cp * std::log(static_cast<double>(m) / kLastTableRankine) + s0 + e);
+}
+
+// Bisection on absolute temperature between 1600 F and 2000 F. `above(m)` is
+// true when the wanted value lies above the trial at midpoint m; `close(m)`
+// ends the search. Returns false when the bounds close (or no longer move)
+// before that, which is the limit error.
+template <typename Above, typename Close>
+bool Bisect(float tolerance, float& m, Above above, Close close) {
+  float lower = kLastTableRankine;
+  float upper = kExtensionTopRankine;
+  bool first = true;
+  while (true) {
+    if (!first) {
+      if (above(m)) {
+        lower = m;
+      } else {
+        upper = m;
+      }
+    }
+    first = false;
+    const float mid = (upper - lower) / 2 + lower;
+    // Single bounds stop halving once they are neighbours; that too is closed.
+    if (std::fabs(upper - lower) <= tolerance || mid == lower || mid == upper) return false;
+    m = mid;
+    if (close(m)) return true;
+  }
+}
+
+}  // namespace
+
+void SteamFromPT(const Steam& steam, float p, float& t, float& h, float& s, float& v, float& moisture,
+                 int16_t& failed) {
+  const SteamTable& tb = steam.table;
+  failed = 0;
+  SteamRowValues row;
+  SteamRow(steam, p, row, failed);
+  if (failed) return;
+  if (t != 0) {
+    const int n = static_cast<int>(Int((tb.STEAMNC - 7) / 2.0));
+    if (t < -125 || t > tb.STEAMTEMP(n) * 10) {
+      steam.ui.notice(LimitMessage("TEMPERATURE OF", t));
+      failed = 1;
+      return;
+    }
+    if (t + 0.01 < row(2)) {
+      steam.ui.notice("Input conditions " + Str(t) + " is WET...changed to saturation and continued...\r\n");
+      t = 0;
+    }
+  }
+  if (t == 0) {
+    t = row(2);
+    h = row(6);
+    s = row(7);
+    v = row(3);
+    return;
+  }
+  if (t >= row(2) && t < kFirstTableTemp) {
+    const float fraction = (t - row(2)) / (kFirstTableTemp - row(2));
+    h = (row(8) - row(6)) * fraction + row(6);
+    s = (row(9) - row(7)) * fraction + row(7);
+    moisture = 0;
+  } else {
+    float lower_t = row(2), lower_h = row(6), lower_s = row(7);
+    float upper_t = lower_t, upper_h = lower_h, upper_s = lower_s;
+    bool found = false;
+    for (int c = 8, k = 1; c <= tb.STEAMNC; c += 2, ++k) {
+      if (!(row(c) > 0)) continue;
+      const float tk = tb.STEAMTEMP(k) * 10;
+      if (tk > t) {
+        upper_t = tk;
+        upper_h = row(c);
+        upper_s = row(c + 1);
+        found = true;
+        break;
+      }
+      lower_t = tk;
+      lower_h = row(c);
+      lower_s = row(c + 1);
+    }
+    if (!found) {
+      upper_t = lower_t;
+      upper_h = lower_h;
+      upper_s = lower_s;
+    }
+    const float fraction = upper_t == lower_t ? 0.0f : (t - lower_t) / (upper_t - lower_t);
+    h = (upper_h - lower_h) * fraction + lower_h;
+    s = (upper_s - lower_s) * fraction + lower_s;
+    moisture = 0;
+  }
+  SteamVolume(p, t, v, row(3), row(2), failed);
+}
+
+void SteamFromPH(const Steam& steam, float p, float& t, float& h, float& s, float& v, float& moisture,
+                 int16_t& failed) {
+  const SteamTable& tb = steam.table;
+  failed = 0;
+  SteamRowValues row;
+  SteamRow(steam, p, row, failed);
+  if (failed) return;
+  if (h < -210.34 || h > 1858.99) {
+    steam.ui.notice(LimitMessage("ENTHALPY OF", h));
+    failed = 1;
+    return;
+  }
+  const float h_in = h;
+  const int last_h = tb.STEAMNC - 1;
+
+  if (h <= row(6)) {  // wet
+    const float q = (h - row(4)) / (row(6) - row(4));
+    moisture = (1 - q) * 100;
+    t = row(2);
+    s = (row(7) - row(5)) * q + row(5);
+    v = q * row(3);
+    return;
+  }
+  if (h < row(8)) {  // between saturation and the first table temperature
+    const float f = (h - row(6)) / (row(8) - row(6));
+    t = (tb.STEAMTEMP(1) * 10 - row(2)) * f + row(2);
+    s = (row(9) - row(7)) * f + row(7);
+    moisture = 0;
+  } else {
+    if (h <= row(8)) {
+      failed = 1;
+      return;
+    }
+    if (h > row(last_h)) h = row(last_h);
+    bool hit = false;
+    for (int c = last_h, k = kSteamTemperatures; c >= 8; c -= 2, --k) {
+      if (row(c) == 0) {
+        // The column above is the first one with data at this pressure.
+        const float f = (h - row(6)) / (row(c + 2) - row(6));
+        t = (tb.STEAMTEMP(k + 1) * 10 - row(2)) * f + row(2);
+        s = (row(c + 3) - row(7)) * f + row(7);
+      } else if (h > row(c)) {
+        const float f = (row(c + 2) - h) / (row(c + 2) - row(c));
+        s = row(c + 3) - (row(c + 3) - row(c + 1)) * f;
+        t = tb.STEAMTEMP(k + 1) * 10 - (tb.STEAMTEMP(k + 1) - tb.STEAMTEMP(k)) * 10 * f;
+      } else if (h == row(c)) {
+        s = row(c + 1);
+        t = tb.STEAMTEMP(k) * 10;
+      } else {
+        continue;
+      }
+      moisture = 0;
+      hit = true;
+      break;
+    }
+    if (!hit) {
+      failed = 1;
+      return;
+    }
+  }
+
+  if (h_in > row(last_h)) {
+    // Above the table: bisection on the specific heat polynomial.
+    const float h0 = row(last_h);
+    h = h_in;
+    float m = 0;
+    float trial = h;
+    const bool ok = Bisect(
+        0.001f, m, [&](float) { return h > trial; },
+        [&](float mid) {
+          trial = ExtendedEnthalpy(h0, mid);
+          return std::fabs(trial / h - 1) <= 0.00001;
+        });
+    if (!ok) {
+      steam.ui.notice(LimitMessage("ENTHALPY OF", h));
+      failed = 1;
+      return;
+    }
+    t = m - 459.7f;
+    s = ExtendedEntropy(h, h0, s, m);
+  }
+  SteamVolume(p, t, v, row(3), row(2), failed);
+}
+
+void SteamFromPS(const Steam& steam, float p, float& t, float& h, float& s, float& v, float& moisture,
+                 int16_t& failed) {
+  const SteamTable& tb = steam.table;
+  failed = 0;
+  SteamRowValues row;
+  SteamRow(steam, p, row, failed);
+  if (failed) return;
+  if (s < -0.4538 || s > 4.07026) {
+    steam.ui.notice(LimitMessage("ENTROPY OF", s));
+    failed = 1;
+    return;
+  }
+  const float s_in = s;
+  const int last_s = tb.STEAMNC;
+
+  if (s <= row(7)) {  // wet
+    const float q = (s - row(5)) / (row(7) - row(5));
+    moisture = (1 - q) * 100;
+    t = row(2);
+    h = (row(6) - row(4)) * q + row(4);
+    v = q * row(3);
+    return;
+  }
+  if (s < row(9)) {
+    const float f = (s - row(7)) / (row(9) - row(7));
+    t = (tb.STEAMTEMP(1) * 10 - row(2)) * f + row(2);
+    h = (row(8) - row(6)) * f + row(6);
+    moisture = 0;
+  } else {
+    if (s > row(last_s)) s = row(last_s);
+    bool hit = false;
+    for (int c = last_s, k = kSteamTemperatures; c >= 9; c -= 2, --k) {
+      if (row(c) == 0) {
+        const float f = (s - row(7)) / (row(c + 2) - row(7));
+        t = (tb.STEAMTEMP(k + 1) * 10 - row(2)) * f + row(2);
+        h = (row(c + 1) - row(6)) * f + row(6);
+      } else if (s > row(c)) {
+        const float f = (row(c + 2) - s) / (row(c + 2) - row(c));
+        h = row(c + 1) - (row(c + 1) - row(c - 1)) * f;
+        t = tb.STEAMTEMP(k + 1) * 10 - (tb.STEAMTEMP(k + 1) - tb.STEAMTEMP(k)) * 10 * f;
+      } else if (s == row(c)) {
+        h = row(c - 1);
+        t = tb.STEAMTEMP(k) * 10;
+      } else {
+        continue;
+      }
+      moisture = 0;
+      hit = true;
+      break;
+    }
+    if (!hit) {
+      failed = 1;
+      return;
+    }
+  }
+
+  if (s_in > row(last_s)) {
+    const float h0 = row(last_s - 1);
+    const float s0 = row(last_s);
+    s = s_in;
+    float m = 0;
+    float trial = s;
+    float trial_h = h0;
+    const bool ok = Bisect(
+        0.0001f, m, [&](float) { return s > trial; },
+        [&](float mid) {
+          trial_h = ExtendedEnthalpy(h0, mid);
+          trial = ExtendedEntropy(trial_h, h0, s0, mid);
+          return std::fabs(trial - s) <= 0.00001;
+        });
+    if (!ok) {
+      steam.ui.notice(LimitMessage("ENTROPY OF", s));
+      failed = 1;
+      return;
+    }
+    h = trial_h;
+    t = m - 459.7f;
+  }
+  SteamVolume(p, t, v, row(3), row(2), failed);
+}
+
+void SteamVolume(float p, float t, float& v, float vsat, float tsat, int16_t& /*failed*/) {
+  if (p < 10.343) {
+    v = static_cast<float>((t + 459.69) / (tsat + 459.69) * vsat);
+    return;
+  }
+  // Keyes: the intermediate terms are singles, the powers doubles.
+  const float a = static_cast<float>(p / 51.7149 / 14.696);
+  const float T = static_cast<float>((t - 32) * (5.0 / 9.0) + 273.16);
+  const float u = 1 / T;
+  const double ud = u;
+  const float g1 = static_cast<float>(82.546 * ud - 1.6246 * std::pow(10.0, 5) * std::pow(ud, 2));
+  const float g2 = static_cast<float>(0.21828 - 1.2697 * std::pow(10.0, 5) * std::pow(ud, 2));
+  const float g3 = static_cast<float>(3.635 / std::pow(10.0, 4) - 6.768 * std::pow(10.0, 64) * std::pow(ud, 24));
+  const float b0 = static_cast<float>(1.89 - 2641.62 * ud * std::pow(10.0, 80870 * std::pow(ud, 2)));
+  const double b0d = b0;
+  const double ad = a;
+  const float b = static_cast<float>(b0d + std::pow(b0d, 2) * g1 * ud * ad + std::pow(b0d, 4) * g2 * std::pow(ud, 3) * std::pow(ad, 3) -
+                                     std::pow(b0d, 13) * g3 * std::pow(ud, 12) * std::pow(ad, 12));
+  v = static_cast<float>((4.55504 * T / a + b) / 62.43);
+}
+
+}  // namespace kestrane
