@@ -125,53 +125,67 @@ void SteamFromPT(const Steam& steam, float p, float& t, float& h, float& s, floa
   SteamVolume(p, t, v, row(3), row(2), failed);
 }
 
-void SteamFromPH(const Steam& steam, float p, float& t, float& h, float& s, float& v, float& moisture,
-                 int16_t& failed) {
+namespace {
+
+// State from pressure and a given enthalpy or entropy. Columns of the given
+// property sit at an offset `gx` (0 enthalpy, 1 entropy) in each pair of the
+// row, the other property beside them.
+enum class Given { kEnthalpy, kEntropy };
+
+void StateFromProperty(const Steam& steam, Given given, float p, float& t, float& x, float& y, float& v,
+                       float& moisture, int16_t& failed) {
   const SteamTable& tb = steam.table;
+  const bool by_h = given == Given::kEnthalpy;
+  const int gx = by_h ? 0 : 1;   // given property's column in a pair
+  const int gy = 1 - gx;         // the other property's column in a pair
+  const int beside = gy - gx;    // from a given column to the other one of the same pair
   failed = 0;
   SteamRowValues row;
   SteamRow(steam, p, row, failed);
   if (failed) return;
-  if (h < -210.34 || h > 1858.99) {
-    steam.ui.notice(LimitMessage("ENTHALPY OF", h));
+  const char* name = by_h ? "ENTHALPY OF" : "ENTROPY OF";
+  if (by_h ? (x < -210.34 || x > 1858.99) : (x < -0.4538 || x > 4.07026)) {
+    steam.ui.notice(LimitMessage(name, x));
     failed = 1;
     return;
   }
-  const float h_in = h;
-  const int last_h = tb.STEAMNC - 1;
+  const float x_in = x;
+  const int last_x = tb.STEAMNC - 1 + gx;
 
-  if (h <= row(6)) {  // wet
-    const float q = (h - row(4)) / (row(6) - row(4));
+  if (x <= row(6 + gx)) {  // wet
+    const float q = (x - row(4 + gx)) / (row(6 + gx) - row(4 + gx));
     moisture = (1 - q) * 100;
     t = row(2);
-    s = (row(7) - row(5)) * q + row(5);
+    y = (row(6 + gy) - row(4 + gy)) * q + row(4 + gy);
     v = q * row(3);
     return;
   }
-  if (h < row(8)) {  // between saturation and the first table temperature
-    const float f = (h - row(6)) / (row(8) - row(6));
+  if (x < row(8 + gx)) {  // between saturation and the first table temperature
+    const float f = (x - row(6 + gx)) / (row(8 + gx) - row(6 + gx));
     t = (tb.STEAMTEMP(1) * 10 - row(2)) * f + row(2);
-    s = (row(9) - row(7)) * f + row(7);
+    y = (row(8 + gy) - row(6 + gy)) * f + row(6 + gy);
     moisture = 0;
   } else {
-    if (h <= row(8)) {
+    // An enthalpy equal to the first column fails without a message; the
+    // entropy walk handles that case.
+    if (by_h && x <= row(8)) {
       failed = 1;
       return;
     }
-    if (h > row(last_h)) h = row(last_h);
+    if (x > row(last_x)) x = row(last_x);
     bool hit = false;
-    for (int c = last_h, k = kSteamTemperatures; c >= 8; c -= 2, --k) {
+    for (int c = last_x, k = kSteamTemperatures; c >= 8 + gx; c -= 2, --k) {
       if (row(c) == 0) {
         // The column above is the first one with data at this pressure.
-        const float f = (h - row(6)) / (row(c + 2) - row(6));
+        const float f = (x - row(6 + gx)) / (row(c + 2) - row(6 + gx));
         t = (tb.STEAMTEMP(k + 1) * 10 - row(2)) * f + row(2);
-        s = (row(c + 3) - row(7)) * f + row(7);
-      } else if (h > row(c)) {
-        const float f = (row(c + 2) - h) / (row(c + 2) - row(c));
-        s = row(c + 3) - (row(c + 3) - row(c + 1)) * f;
+        y = (row(c + 2 + beside) - row(6 + gy)) * f + row(6 + gy);
+      } else if (x > row(c)) {
+        const float f = (row(c + 2) - x) / (row(c + 2) - row(c));
+        y = row(c + 2 + beside) - (row(c + 2 + beside) - row(c + beside)) * f;
         t = tb.STEAMTEMP(k + 1) * 10 - (tb.STEAMTEMP(k + 1) - tb.STEAMTEMP(k)) * 10 * f;
-      } else if (h == row(c)) {
-        s = row(c + 1);
+      } else if (x == row(c)) {
+        y = row(c + beside);
         t = tb.STEAMTEMP(k) * 10;
       } else {
         continue;
@@ -186,108 +200,49 @@ void SteamFromPH(const Steam& steam, float p, float& t, float& h, float& s, floa
     }
   }
 
-  if (h_in > row(last_h)) {
-    // Above the table: bisection on the specific heat polynomial.
-    const float h0 = row(last_h);
-    h = h_in;
+  if (x_in > row(last_x)) {
+    // Above the table: bisection on the specific heat polynomial from the last columns.
+    const float h0 = row(tb.STEAMNC - 1);
+    const float s0 = row(tb.STEAMNC);
+    x = x_in;
     float m = 0;
-    float trial = h;
-    const bool ok = Bisect(
-        0.001f, m, [&](float) { return h > trial; },
-        [&](float mid) {
-          trial = ExtendedEnthalpy(h0, mid);
-          return std::fabs(trial / h - 1) <= 0.00001;
-        });
+    float trial = x;
+    float trial_h = h0;
+    const bool ok = by_h ? Bisect(
+                               0.001f, m, [&](float) { return x > trial; },
+                               [&](float mid) {
+                                 trial = ExtendedEnthalpy(h0, mid);
+                                 return std::fabs(trial / x - 1) <= 0.00001;
+                               })
+                         : Bisect(
+                               0.0001f, m, [&](float) { return x > trial; },
+                               [&](float mid) {
+                                 trial_h = ExtendedEnthalpy(h0, mid);
+                                 trial = ExtendedEntropy(trial_h, h0, s0, mid);
+                                 return std::fabs(trial - x) <= 0.00001;
+                               });
     if (!ok) {
-      steam.ui.notice(LimitMessage("ENTHALPY OF", h));
+      steam.ui.notice(LimitMessage(name, x));
       failed = 1;
       return;
     }
     t = m - 459.7f;
-    s = ExtendedEntropy(h, h0, s, m);
+    // The entropy adds to the last table entropy, which the walk left in y.
+    y = by_h ? ExtendedEntropy(x, h0, y, m) : trial_h;
   }
   SteamVolume(p, t, v, row(3), row(2), failed);
 }
 
+}  // namespace
+
+void SteamFromPH(const Steam& steam, float p, float& t, float& h, float& s, float& v, float& moisture,
+                 int16_t& failed) {
+  StateFromProperty(steam, Given::kEnthalpy, p, t, h, s, v, moisture, failed);
+}
+
 void SteamFromPS(const Steam& steam, float p, float& t, float& h, float& s, float& v, float& moisture,
                  int16_t& failed) {
-  const SteamTable& tb = steam.table;
-  failed = 0;
-  SteamRowValues row;
-  SteamRow(steam, p, row, failed);
-  if (failed) return;
-  if (s < -0.4538 || s > 4.07026) {
-    steam.ui.notice(LimitMessage("ENTROPY OF", s));
-    failed = 1;
-    return;
-  }
-  const float s_in = s;
-  const int last_s = tb.STEAMNC;
-
-  if (s <= row(7)) {  // wet
-    const float q = (s - row(5)) / (row(7) - row(5));
-    moisture = (1 - q) * 100;
-    t = row(2);
-    h = (row(6) - row(4)) * q + row(4);
-    v = q * row(3);
-    return;
-  }
-  if (s < row(9)) {
-    const float f = (s - row(7)) / (row(9) - row(7));
-    t = (tb.STEAMTEMP(1) * 10 - row(2)) * f + row(2);
-    h = (row(8) - row(6)) * f + row(6);
-    moisture = 0;
-  } else {
-    if (s > row(last_s)) s = row(last_s);
-    bool hit = false;
-    for (int c = last_s, k = kSteamTemperatures; c >= 9; c -= 2, --k) {
-      if (row(c) == 0) {
-        const float f = (s - row(7)) / (row(c + 2) - row(7));
-        t = (tb.STEAMTEMP(k + 1) * 10 - row(2)) * f + row(2);
-        h = (row(c + 1) - row(6)) * f + row(6);
-      } else if (s > row(c)) {
-        const float f = (row(c + 2) - s) / (row(c + 2) - row(c));
-        h = row(c + 1) - (row(c + 1) - row(c - 1)) * f;
-        t = tb.STEAMTEMP(k + 1) * 10 - (tb.STEAMTEMP(k + 1) - tb.STEAMTEMP(k)) * 10 * f;
-      } else if (s == row(c)) {
-        h = row(c - 1);
-        t = tb.STEAMTEMP(k) * 10;
-      } else {
-        continue;
-      }
-      moisture = 0;
-      hit = true;
-      break;
-    }
-    if (!hit) {
-      failed = 1;
-      return;
-    }
-  }
-
-  if (s_in > row(last_s)) {
-    const float h0 = row(last_s - 1);
-    const float s0 = row(last_s);
-    s = s_in;
-    float m = 0;
-    float trial = s;
-    float trial_h = h0;
-    const bool ok = Bisect(
-        0.0001f, m, [&](float) { return s > trial; },
-        [&](float mid) {
-          trial_h = ExtendedEnthalpy(h0, mid);
-          trial = ExtendedEntropy(trial_h, h0, s0, mid);
-          return std::fabs(trial - s) <= 0.00001;
-        });
-    if (!ok) {
-      steam.ui.notice(LimitMessage("ENTROPY OF", s));
-      failed = 1;
-      return;
-    }
-    h = trial_h;
-    t = m - 459.7f;
-  }
-  SteamVolume(p, t, v, row(3), row(2), failed);
+  StateFromProperty(steam, Given::kEntropy, p, t, s, h, v, moisture, failed);
 }
 
 void SteamVolume(float p, float t, float& v, float vsat, float tsat, int16_t& /*failed*/) {
