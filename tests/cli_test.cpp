@@ -43,7 +43,7 @@ class CommandLine : public kestrane::testing::ScratchFolder {
  protected:
   void SetUp() override {
     ScratchFolder::SetUp();
-    kestrane::testing::CopySteamTable(dir);
+    kestrane::testing::CopyProgramData(dir);
   }
   std::string Pgm() const { return "--pgmfiles '" + dir.string() + "' "; }
 };
@@ -165,4 +165,91 @@ TEST_F(CommandLine, AMissingSteamTableEndsCleanlyWithItsNotice) {
     EXPECT_NE(r.err.find("An error has occurred reading the steam data file (MOLVB.DTA)."), std::string::npos)
         << args;
   }
+}
+
+TEST_F(CommandLine, VaporListSearchFindsEthanol) {
+  const CliRun r = Kestrane(Pgm() + "vapor list --search ETHANOL --json");
+  ASSERT_EQ(r.exit_code, 0) << r.err;
+  const auto doc = nlohmann::json::parse(r.out);
+  EXPECT_GE(doc["NPSAT"].get<int>(), 1000);
+  bool found = false;
+  for (const auto& v : doc["vapors"]) found = found || v["name"] == "Ethanol";
+  EXPECT_TRUE(found);
+  const CliRun text = Kestrane(Pgm() + "vapor list --search ethanol");
+  EXPECT_NE(text.out.find(" Ethanol "), std::string::npos);
+}
+
+TEST_F(CommandLine, VaporPressureOfAnUnknownIdIsReportedAndEndsCleanly) {
+  const CliRun r = Kestrane(Pgm() + "vapor pressure 1999 100 --json");
+  EXPECT_EQ(r.exit_code, 1);
+  const auto doc = nlohmann::json::parse(r.out);
+  EXPECT_EQ(doc["flag"], 1);
+  EXPECT_EQ(doc["notices"][0], "Error in Antoine (vapor pressure) calculations! 9 Subscript out of range");
+  const CliRun good = Kestrane(Pgm() + "vapor pressure 3 122 --json");
+  EXPECT_EQ(good.exit_code, 0);
+  EXPECT_NEAR(nlohmann::json::parse(good.out)["pressure"].get<double>(), 221, 221 * 0.02);
+  const CliRun table = Kestrane(Pgm() + "vapor table 3 32 212 90 --json");
+  ASSERT_EQ(table.exit_code, 0);
+  const auto rows = nlohmann::json::parse(table.out)["rows"];
+  ASSERT_EQ(rows.size(), 3u);
+  EXPECT_EQ(rows[2]["flag"], 1) << "212 F lies above ethanol's range";
+  EXPECT_EQ(Kestrane(Pgm() + "vapor table 3 100 50 10").exit_code, 2);
+}
+
+namespace {
+
+std::string AddArgs(const std::string& name, int k) {
+  return "udv add --name '" + name + "' --mw 50 --t1 20 --p1 40 --t2 50 --p2 200 --t3 80 --p3 " +
+         std::to_string(700 + k);
+}
+
+}  // namespace
+
+TEST_F(CommandLine, UdvDeleteOfTheThirdOfFiveRenumbersTheRest) {
+  for (int k = 1; k <= 5; ++k) ASSERT_EQ(Kestrane(Pgm() + AddArgs("Vapor " + std::to_string(k), k)).exit_code, 0);
+  const CliRun unconfirmed = Kestrane(Pgm() + "udv delete -3");
+  EXPECT_EQ(unconfirmed.exit_code, 1);
+  EXPECT_NE(unconfirmed.err.find("Confirm Delete?"), std::string::npos);
+  ASSERT_EQ(Kestrane(Pgm() + "udv delete -3 --yes").exit_code, 0);
+  const auto doc = nlohmann::json::parse(Kestrane(Pgm() + "udv list --json").out);
+  ASSERT_EQ(doc["NUDV"], 4);
+  const char* names[] = {"Vapor 1", "Vapor 2", "Vapor 4", "Vapor 5"};
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_EQ(doc["vapors"][i]["id"], -(i + 1));
+    EXPECT_EQ(doc["vapors"][i]["name"], names[i]);
+  }
+  EXPECT_EQ(doc["vapors"][3]["UDVDATA"][0], -4.0);
+}
+
+TEST_F(CommandLine, UdvAddCutsLongNamesAndRefusesEqualPressures) {
+  ASSERT_EQ(Kestrane(Pgm() + AddArgs("A name that is far too long to keep", 0)).exit_code, 0);
+  const auto doc = nlohmann::json::parse(Kestrane(Pgm() + "udv list --json").out);
+  EXPECT_EQ(doc["vapors"][0]["name"], "A name that is far t");
+  const CliRun equal = Kestrane(Pgm() + "udv add --name Same --mw 50 --t1 20 --p1 40 --t2 50 --p2 40 --t3 80 --p3 700");
+  EXPECT_EQ(equal.exit_code, 1);
+  EXPECT_EQ(equal.err, "ERROR: Pressures may not be equal!\n");
+  const CliRun zero = Kestrane(Pgm() + "udv add --name Zero --mw 50 --t1 0 --p1 40 --t2 50 --p2 200 --t3 80 --p3 700");
+  EXPECT_EQ(zero.exit_code, 1);
+  EXPECT_NE(zero.err.find("T1"), std::string::npos);
+  EXPECT_EQ(nlohmann::json::parse(Kestrane(Pgm() + "udv list --json").out)["NUDV"], 1) << "refusals store nothing";
+  // Degrees F are stored as degrees C.
+  ASSERT_EQ(Kestrane(Pgm() + "udv edit -1 --fahrenheit --t1 68 --t2 122 --t3 176").exit_code, 0);
+  const auto edited = nlohmann::json::parse(Kestrane(Pgm() + "udv list --json").out);
+  EXPECT_NEAR(edited["vapors"][0]["UDVDATA"][1].get<double>(), 20, 1e-4);
+}
+
+TEST_F(CommandLine, ADamagedUdvFileIsReportedAndLeftAloneUntilAChange) {
+  const std::string damaged = "2\r\n-1,20,40,50,200,80,700,50,0,Good\r\n-2,20,x,50,200,80,700,50,0,Bad\r\n";
+  kestrane::testing::WriteBytes(dir / "UDV.DTA", damaged);
+  const CliRun list = Kestrane(Pgm() + "udv list");
+  EXPECT_EQ(list.exit_code, 0);
+  EXPECT_NE(list.err.find("damaged at line 3"), std::string::npos) << list.err;
+  EXPECT_NE(list.out.find("Good"), std::string::npos);
+  EXPECT_EQ(Kestrane(Pgm() + "vapor pressure -1 100").exit_code, 0);
+  EXPECT_EQ(kestrane::testing::ReadBytes(dir / "UDV.DTA"), damaged);
+  ASSERT_EQ(Kestrane(Pgm() + AddArgs("New", 0)).exit_code, 0);
+  const auto doc = nlohmann::json::parse(Kestrane(Pgm() + "udv list --json").out);
+  EXPECT_EQ(doc["NUDV"], 2);
+  EXPECT_EQ(doc["vapors"][1]["name"], "New");
+  EXPECT_TRUE(doc["notices"].empty());
 }

@@ -23,7 +23,7 @@ class ProgramFolder : public kestrane::testing::ScratchFolder {
   void SetUp() override {
     ScratchFolder::SetUp();
     fs::create_directories(dir / "pgmfiles");
-    kestrane::testing::CopySteamTable(dir / "pgmfiles");
+    kestrane::testing::CopyProgramData(dir / "pgmfiles");
   }
   fs::path UserInfoPath() const { return dir / "pgmfiles" / "USERINFO.DTA"; }
 };

@@ -35,10 +35,12 @@ inline void WriteBytes(const std::filesystem::path& p, const std::string& bytes)
   std::ofstream(p, std::ios::binary) << bytes;
 }
 
-// Puts the shipped steam table into a data folder.
-inline void CopySteamTable(const std::filesystem::path& pgmfiles) {
-  std::filesystem::copy_file(std::filesystem::path(KESTRANE_SOURCE_DIR) / "pgmfiles" / "MOLVBLG.DTA",
-                             pgmfiles / "MOLVBLG.DTA", std::filesystem::copy_options::overwrite_existing);
+// Puts the shipped steam table and vapor data base into a data folder.
+inline void CopyProgramData(const std::filesystem::path& pgmfiles) {
+  for (const char* name : {"MOLVBLG.DTA", "PSAT.DTA"}) {
+    std::filesystem::copy_file(std::filesystem::path(KESTRANE_SOURCE_DIR) / "pgmfiles" / name, pgmfiles / name,
+                               std::filesystem::copy_options::overwrite_existing);
+  }
 }
 
 // A fresh empty folder for each test, removed afterwards.

@@ -46,6 +46,10 @@ std::unique_ptr<Session> MakeSession(const GlobalOptions& options);
 // shown) when it cannot be read.
 bool LoadSteamTable(Session& session, Ui& ui);
 
+// Reads the vapor data base and the user defined vapors into the session;
+// false (with the notice shown) when the data base cannot be read.
+bool LoadVapors(Session& session, Ui& ui);
+
 // Prints a JSON document on standard output.
 void PrintJson(const nlohmann::json& doc);
 
@@ -56,5 +60,7 @@ inline nlohmann::json JsonSingle(float value) { return static_cast<double>(value
 void AddStartupCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddUserInfoCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddSteamCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
+void AddVaporCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
+void AddUdvCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 
 }  // namespace kestrane::cli

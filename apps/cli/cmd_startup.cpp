@@ -40,6 +40,8 @@ int RunStartup(const GlobalOptions& options, bool json) {
             << "Steam table:      " << data.steam.STEAMNP << " pressures from " << GeneralText(data.steam.STEAMTBL(1, 1))
             << " to " << GeneralText(data.steam.STEAMTBL(data.steam.STEAMNP, 1)) << " psia, "
             << (data.steam.STEAMNC - 7) / 2 << " superheat temperatures\n"
+            << "Vapors:           " << data.vapors.NPSAT << " in the data base, " << data.user_vapors.NUDV
+            << " user defined\n"
             << "Design curves:    maximum vapor velocity " << data.curves.VELOCITYCURVE.hi1()
             << " points, condensing film " << data.curves.CONDCURVEA.hi1() << " and " << data.curves.CONDCURVEB.hi1()
             << " points, " << data.curves.EFFLINES.hi1() << " efficiency lines\n"

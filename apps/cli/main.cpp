@@ -19,6 +19,8 @@ int main(int argc, char** argv) {
   cli::AddStartupCommand(app, options, exit_code);
   cli::AddUserInfoCommand(app, options, exit_code);
   cli::AddSteamCommand(app, options, exit_code);
+  cli::AddVaporCommand(app, options, exit_code);
+  cli::AddUdvCommand(app, options, exit_code);
 
   try {
     app.parse(argc, argv);

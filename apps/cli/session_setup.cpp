@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "cli.h"
+#include "properties/user_vapors.h"
 
 namespace kestrane::cli {
 
@@ -33,6 +34,13 @@ std::unique_ptr<Session> MakeSession(const GlobalOptions& options) {
 
 bool LoadSteamTable(Session& session, Ui& ui) {
   return ReadSteamData(session.data.paths.DataFile(kSteamFile), session.data.steam, ui);
+}
+
+bool LoadVapors(Session& session, Ui& ui) {
+  AppData& data = session.data;
+  if (!ReadPsat(data.paths.DataFile(kVaporFile), data.vapors, ui)) return false;
+  ReadUDV(data.paths.DataFile(kUserVaporFile), data.user_vapors, ui);
+  return true;
 }
 
 void PrintJson(const nlohmann::json& doc) { std::cout << doc.dump(2) << '\n'; }

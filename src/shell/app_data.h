@@ -2,6 +2,7 @@
 #pragma once
 
 #include "properties/steam.h"
+#include "properties/vapors.h"
 #include "shell/constants.h"
 #include "shell/paths.h"
 #include "shell/user_info.h"
@@ -12,6 +13,8 @@ struct AppData {
   ProgramPaths paths;
   SteamTable steam;
   Curves curves;
+  VaporData vapors;
+  UserVapors user_vapors;
   Constants constants;
   UserInfo USERINFO{kUserInfoRows};
   UserInfoRead userinfo_state = UserInfoRead::kMissing;

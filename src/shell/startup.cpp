@@ -1,6 +1,8 @@
 // The start sequence: every data set loaded once, in a fixed order, each announced by its progress text.
 #include "shell/startup.h"
 
+#include "properties/user_vapors.h"
+
 namespace kestrane {
 
 bool RunStartSequence(Session& session, Ui& ui) {
@@ -13,8 +15,9 @@ bool RunStartSequence(Session& session, Ui& ui) {
   ui.status(std::string(kStartProgressTexts[1]));
   SetCurves(data.curves);
 
-  // Vapor pressure data and user defined vapors: their readers are not part of this program yet.
   ui.status(std::string(kStartProgressTexts[2]));
+  if (!ReadPsat(data.paths.DataFile(kVaporFile), data.vapors, ui)) return false;
+  ReadUDV(data.paths.DataFile(kUserVaporFile), data.user_vapors, ui);
 
   ui.status(std::string(kStartProgressTexts[3]));
   SetConstants(data.constants);

@@ -22,8 +22,8 @@ inline constexpr std::array<std::string_view, 8> kStartProgressTexts = {
 
 // Loads every data set into session.data, showing each progress text through
 // Ui::status before its step. A data file that is missing or broken is
-// reported by its own reader. Without a steam table the program cannot run:
-// the sequence stops there and returns false. Otherwise it goes on to the end,
+// reported by its own reader. Without a steam table or the vapor data base
+// the program cannot run: the sequence stops there and returns false. Otherwise it goes on to the end,
 // the status keeping the last text, the main menu's slogan.
 bool RunStartSequence(Session& session, Ui& ui);
 

@@ -1,0 +1,157 @@
+// kestrane vapor list|pressure|table: the vapor data base and vapor pressures.
+#include <cstdio>
+
+#include "cli.h"
+#include "properties/user_vapors.h"
+#include "properties/numeric.h"
+#include "properties/vapor_search.h"
+#include "properties/vb.h"
+
+namespace kestrane::cli {
+
+namespace {
+
+struct VaporArgs {
+  std::string search;
+  int id = 0;
+  float temperature = 0;
+  float tmin = 0, tmax = 0, step = 0;
+  bool json = false;
+};
+
+std::string Row(int id, const std::string& formula, const std::string& name, float mw, float tmin, float tmax) {
+  char buf[160];
+  std::snprintf(buf, sizeof buf, "%5d  %-15s %-50s %9s %8s %8s", id, formula.c_str(), name.c_str(),
+                FormatFixed(mw, 9.3f).c_str(), FormatFixed(tmin, 8.1f).c_str(), FormatFixed(tmax, 8.1f).c_str());
+  return buf;
+}
+
+int List(const GlobalOptions& options, const VaporArgs& args) {
+  auto session = MakeSession(options);
+  CliUi ui(args.json);
+  if (!LoadVapors(*session, ui)) return kExitUsage;
+  const VaporData& d = session->data.vapors;
+  std::vector<int> rows;
+  if (args.search.empty()) {
+    for (int i = 1; i <= d.NPSAT; ++i) rows.push_back(i);
+  } else {
+    const auto grid = VaporGridText(d);
+    for (int at = 0;;) {
+      const VaporSearchResult hit = SearchVaporRows(grid, args.search, at, true);
+      if (hit.row == 0) break;
+      rows.push_back(hit.row);
+      at = hit.row;
+    }
+  }
+  if (args.json) {
+    nlohmann::json doc;
+    doc["NPSAT"] = d.NPSAT;
+    doc["vapors"] = nlohmann::json::array();
+    for (int i : rows) {
+      doc["vapors"].push_back({{"id", i},
+                               {"formula", Trim(d.PSATFORMULA(i))},
+                               {"name", Trim(d.PSATNAME(i))},
+                               {"mw", JsonSingle(d.PSATDATA(i, 1))},
+                               {"antoine", {JsonSingle(d.PSATDATA(i, 2)), JsonSingle(d.PSATDATA(i, 3)), JsonSingle(d.PSATDATA(i, 4))}},
+                               {"tmin_c", JsonSingle(d.PSATDATA(i, 5))},
+                               {"tmax_c", JsonSingle(d.PSATDATA(i, 6))},
+                               {"latent", JsonSingle(d.PSATDATA(i, 7))}});
+    }
+    doc["notices"] = ui.notices;
+    PrintJson(doc);
+    return kExitDone;
+  }
+  std::printf("%5s  %-15s %-50s %9s %8s %8s\n", "ID", "Formula", "Name", "MW", "Tmin C", "Tmax C");
+  for (int i : rows) {
+    std::printf("%s\n", Row(i, Trim(d.PSATFORMULA(i)), Trim(d.PSATNAME(i)), d.PSATDATA(i, 1), d.PSATDATA(i, 5),
+                            d.PSATDATA(i, 6)).c_str());
+  }
+  if (rows.empty()) std::fprintf(stderr, "No vapor matches \"%s\".\n", args.search.c_str());
+  return kExitDone;
+}
+
+int Pressure(const GlobalOptions& options, const VaporArgs& args) {
+  auto session = MakeSession(options);
+  CliUi ui(args.json);
+  if (!LoadVapors(*session, ui)) return kExitUsage;
+  const Vapors vapors{session->data.vapors, session->data.user_vapors, ui};
+  const size_t loading_notices = ui.notices.size();
+  float pressure = 0;
+  int16_t flag = 0;
+  Antoine(vapors, static_cast<int16_t>(args.id), args.temperature, pressure, flag);
+  const bool refused = flag == 2 || ui.notices.size() > loading_notices;
+  if (args.json) {
+    nlohmann::json doc;
+    doc["pressure"] = JsonSingle(pressure);
+    doc["flag"] = flag;
+    doc["notices"] = ui.notices;
+    PrintJson(doc);
+  } else if (!refused) {
+    std::printf("pressure  %s mmHgA\n", GeneralText(pressure).c_str());
+    if (flag == 1) std::printf("note      %s degF lies outside the vapor's stored range\n", GeneralText(args.temperature).c_str());
+  }
+  return refused ? kExitRefused : kExitDone;
+}
+
+int Table(const GlobalOptions& options, const VaporArgs& args) {
+  if (!(args.step > 0) || args.tmax < args.tmin || (args.tmax - args.tmin) / args.step > 10000) {
+    std::fprintf(stderr, "The table runs from TMIN up to TMAX (not below TMIN) in steps above 0, at most 10000 rows.\n");
+    return kExitUsage;
+  }
+  auto session = MakeSession(options);
+  CliUi ui(args.json);
+  if (!LoadVapors(*session, ui)) return kExitUsage;
+  const Vapors vapors{session->data.vapors, session->data.user_vapors, ui};
+  const size_t loading_notices = ui.notices.size();
+  nlohmann::json rows = nlohmann::json::array();
+  if (!args.json) std::printf("%12s %16s %5s\n", "T (degF)", "P (mmHgA)", "flag");
+  const int count = static_cast<int>((args.tmax - args.tmin) / args.step + 1e-6);
+  for (int k = 0; k <= count; ++k) {
+    const float t = args.tmin + static_cast<float>(k) * args.step;
+    float pressure = 0;
+    int16_t flag = 0;
+    Antoine(vapors, static_cast<int16_t>(args.id), t, pressure, flag);
+    if (ui.notices.size() > loading_notices) break;  // an unknown vapor or points that cannot be fitted
+    if (args.json) {
+      rows.push_back({{"t", JsonSingle(t)}, {"pressure", JsonSingle(pressure)}, {"flag", flag}});
+    } else {
+      std::printf("%12s %16s %5d\n", GeneralText(t).c_str(), GeneralText(pressure).c_str(), flag);
+    }
+  }
+  if (args.json) {
+    nlohmann::json doc;
+    doc["rows"] = rows;
+    doc["notices"] = ui.notices;
+    PrintJson(doc);
+  }
+  return ui.notices.size() > loading_notices ? kExitRefused : kExitDone;
+}
+
+}  // namespace
+
+void AddVaporCommand(CLI::App& app, const GlobalOptions& options, int& exit_code) {
+  auto* group = app.add_subcommand("vapor", "The vapor data base and vapor pressures (IDs below 0: user defined)");
+  group->require_subcommand(1);
+  auto args = std::make_shared<VaporArgs>();
+
+  auto* list = group->add_subcommand("list", "List the vapors of the data base");
+  list->add_option("--search", args->search, "Only the vapors whose formula or name holds this text");
+  list->add_flag("--json", args->json, "Print the vapors as JSON");
+  list->callback([&options, &exit_code, args] { exit_code = List(options, *args); });
+
+  auto* pressure = group->add_subcommand("pressure", "Vapor pressure (mmHgA) of a vapor at a temperature (degF)");
+  pressure->add_option("ID", args->id, "Vapor ID")->required();
+  pressure->add_option("TEMP_F", args->temperature, "Temperature, degF")->required();
+  pressure->add_flag("--json", args->json, "Print pressure, flag and notices as JSON");
+  pressure->callback([&options, &exit_code, args] { exit_code = Pressure(options, *args); });
+
+  auto* table = group->add_subcommand("table", "Vapor pressures of a vapor over a temperature range (degF)");
+  table->add_option("ID", args->id, "Vapor ID")->required();
+  table->add_option("TMIN", args->tmin, "First temperature, degF")->required();
+  table->add_option("TMAX", args->tmax, "Last temperature, degF")->required();
+  table->add_option("STEP", args->step, "Temperature step, degF")->required();
+  table->add_flag("--json", args->json, "Print the rows as JSON");
+  table->callback([&options, &exit_code, args] { exit_code = Table(options, *args); });
+}
+
+}  // namespace kestrane::cli
