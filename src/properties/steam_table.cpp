@@ -1,9 +1,7 @@
 // The binary steam table: reading it, one row at a pressure, saturation pressure from temperature.
-#include <cstring>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
+#include "properties/binary_file.h"
 #include "properties/steam.h"
 #include "properties/vb.h"
 
@@ -19,30 +17,14 @@ constexpr char kReadError[] =
 constexpr size_t kHeaderBytes = 4 + 4 * kSteamTemperatures;
 constexpr size_t kRecordBytes = 4 * kSteamColumns;  // always 75 singles, whatever STEAMNC says
 
-int16_t ReadInt16(const std::vector<char>& bytes, size_t at) {
-  const auto lo = static_cast<unsigned char>(bytes[at]);
-  const auto hi = static_cast<unsigned char>(bytes[at + 1]);
-  return static_cast<int16_t>(static_cast<uint16_t>(lo | (hi << 8)));
-}
-
-float ReadSingle(const std::vector<char>& bytes, size_t at) {
-  uint32_t bits = 0;
-  for (int k = 3; k >= 0; --k) bits = (bits << 8) | static_cast<unsigned char>(bytes[at + static_cast<size_t>(k)]);
-  float value = 0;
-  std::memcpy(&value, &bits, sizeof value);
-  return value;
-}
-
 }  // namespace
 
 bool ReadSteamData(const std::filesystem::path& path, SteamTable& table, Ui& ui) {
-  std::ifstream in(path, std::ios::binary);
-  std::vector<char> bytes;
-  if (in) bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  const std::vector<char> bytes = ReadFileBytes(path);
   int16_t np = 0, nc = 0;
   if (bytes.size() >= kHeaderBytes) {
-    np = ReadInt16(bytes, 0);
-    nc = ReadInt16(bytes, 2);
+    np = LittleInt16(bytes, 0);
+    nc = LittleInt16(bytes, 2);
   }
   // Counts not above 0 are the original's test; counts the table cannot hold
   // or a file shorter than its counts say are refused the same way.
@@ -54,11 +36,11 @@ bool ReadSteamData(const std::filesystem::path& path, SteamTable& table, Ui& ui)
   }
   table.STEAMNP = np;
   table.STEAMNC = nc;
-  for (int k = 1; k <= kSteamTemperatures; ++k) table.STEAMTEMP(k) = ReadSingle(bytes, 4 + 4 * static_cast<size_t>(k - 1));
+  for (int k = 1; k <= kSteamTemperatures; ++k) table.STEAMTEMP(k) = LittleSingle(bytes, 4 + 4 * static_cast<size_t>(k - 1));
   for (int i = 1; i <= np; ++i) {
     const size_t record = kHeaderBytes + static_cast<size_t>(i - 1) * kRecordBytes;
     for (int c = 1; c <= kSteamColumns; ++c) {
-      table.STEAMTBL(i, c) = ReadSingle(bytes, record + 4 * static_cast<size_t>(c - 1));
+      table.STEAMTBL(i, c) = LittleSingle(bytes, record + 4 * static_cast<size_t>(c - 1));
     }
   }
   return true;

@@ -1,10 +1,8 @@
 // Vapor pressures: reading the vapor data base, and the Antoine equation for built-in and user defined vapors.
 #include <cmath>
-#include <cstring>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
+#include "properties/binary_file.h"
 #include "properties/numeric.h"
 #include "properties/text_codec.h"
 #include "properties/vapors.h"
@@ -15,14 +13,6 @@ namespace kestrane {
 namespace {
 
 constexpr size_t kRecordBytes = 97;
-
-float ReadSingle(const std::vector<char>& bytes, size_t at) {
-  uint32_t bits = 0;
-  for (int k = 3; k >= 0; --k) bits = (bits << 8) | static_cast<unsigned char>(bytes[at + static_cast<size_t>(k)]);
-  float value = 0;
-  std::memcpy(&value, &bits, sizeof value);
-  return value;
-}
 
 // Celsius from Fahrenheit in singles, as every vapor pressure is taken.
 float Celsius(float fahrenheit) { return (fahrenheit - 32) * 5 / 9; }
@@ -45,14 +35,8 @@ std::string FixedText(std::string_view text, size_t width) {
 }
 
 bool ReadPsat(const std::filesystem::path& path, VaporData& data, Ui& ui) {
-  std::ifstream in(path, std::ios::binary);
-  std::vector<char> bytes;
-  if (in) bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-  int16_t n = 0;
-  if (bytes.size() >= 2) {
-    n = static_cast<int16_t>(static_cast<uint16_t>(static_cast<unsigned char>(bytes[0]) |
-                                                   (static_cast<unsigned char>(bytes[1]) << 8)));
-  }
+  const std::vector<char> bytes = ReadFileBytes(path);
+  const int16_t n = bytes.size() >= 2 ? LittleInt16(bytes, 0) : int16_t{0};
   if (n <= 0 || n > kMaxVapors || bytes.size() < 2 + static_cast<size_t>(n) * kRecordBytes) {
     ui.notice("An error has occurred reading the vapor pressure data file (" + path.filename().string() +
               ").  Check to make sure this file is in the 'pgmfiles' directory of the Kestrane program.  If not, "
@@ -62,10 +46,10 @@ bool ReadPsat(const std::filesystem::path& path, VaporData& data, Ui& ui) {
   data.NPSAT = n;
   for (int i = 1; i <= n; ++i) {
     const size_t at = 2 + static_cast<size_t>(i - 1) * kRecordBytes;
-    data.PSATID(i) = ReadSingle(bytes, at);
+    data.PSATID(i) = LittleSingle(bytes, at);
     data.PSATFORMULA(i) = Cp1252ToUtf8(std::string_view(&bytes[at + 4], 15));
     data.PSATNAME(i) = Cp1252ToUtf8(std::string_view(&bytes[at + 19], 50));
-    for (int c = 1; c <= 7; ++c) data.PSATDATA(i, c) = ReadSingle(bytes, at + 69 + 4 * static_cast<size_t>(c - 1));
+    for (int c = 1; c <= 7; ++c) data.PSATDATA(i, c) = LittleSingle(bytes, at + 69 + 4 * static_cast<size_t>(c - 1));
   }
   return true;
 }
