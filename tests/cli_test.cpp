@@ -253,3 +253,36 @@ TEST_F(CommandLine, ADamagedUdvFileIsReportedAndLeftAloneUntilAChange) {
   EXPECT_EQ(doc["vapors"][1]["name"], "New");
   EXPECT_TRUE(doc["notices"].empty());
 }
+
+TEST_F(CommandLine, CheckReportsTheRecordOfAnExampleCase) {
+  const fs::path example = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles" / "SOLVENT-LOADS-THREE-STAGE.JET";
+  const CliRun r = Kestrane(Pgm() + "check '" + example.string() + "' --json");
+  ASSERT_EQ(r.exit_code, 0) << r.err;
+  const auto doc = nlohmann::json::parse(r.out);
+  EXPECT_EQ(doc["input_error"], 0);
+  EXPECT_EQ(doc["NSTAGES"], 3);
+  EXPECT_EQ(doc["STAGEOPT"], 3);
+  EXPECT_EQ(doc["HASC1"], 1);
+  EXPECT_EQ(doc["NLOADS"], 6);
+  EXPECT_EQ(doc["LOADS"][1]["ID"], 2.0);
+  EXPECT_EQ(doc["LOADS"][4]["MW"].get<double>(), static_cast<double>(28.01f));
+}
+
+TEST_F(CommandLine, CheckRefusesBadInputWithStatusOne) {
+  const std::string good = kestrane::testing::ReadBytes(fs::path(KESTRANE_SOURCE_DIR) / "usrfiles" / "AUTOMATIC-SURFACE.JET");
+  std::string bad = good;
+  bad.replace(bad.find("770"), 3, "750");
+  kestrane::testing::WriteBytes(dir / "BAD.JET", bad);
+  const CliRun r = Kestrane(Pgm() + "check '" + (dir / "BAD.JET").string() + "' --json");
+  EXPECT_EQ(r.exit_code, 1);
+  EXPECT_EQ(nlohmann::json::parse(r.out)["notices"][0], "Discharge pressure outside the range: (700 - 900 mmHga)\r\n");
+}
+
+TEST_F(CommandLine, CheckOfAMissingDamagedOrForeignFileIsAFileError) {
+  kestrane::testing::WriteBytes(dir / "HALF.JET", "2.01\r\nonly a heading\r\n");
+  for (const std::string name : {"NONE.JET", "HALF.JET", "PSAT.DTA", "MOLVBLG.DTA"}) {
+    const CliRun r = Kestrane(Pgm() + "check '" + (dir / name).string() + "'");
+    EXPECT_EQ(r.exit_code, 2) << name;
+    EXPECT_EQ(r.err.rfind("ReadFile Routine Error: ", 0), 0u) << name << ": " << r.err;
+  }
+}

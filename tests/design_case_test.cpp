@@ -38,7 +38,6 @@ TEST(DesignCase, StartsWithThePumpFactorsAndNoResults) {
   EXPECT_FLOAT_EQ(dc.LRVPMLMIN, 1.1f);
   EXPECT_EQ(dc.NSTAGES, 0);
   EXPECT_EQ(dc.STG(kStageC, kStgMOTIVE), 0);
-  EXPECT_TRUE(dc.USERCASE.empty());
 }
 
 TEST(DesignCase, NamedRowsSitWhereTheResultsGridShowsThem) {

@@ -62,5 +62,6 @@ void AddUserInfoCommand(CLI::App& app, const GlobalOptions& options, int& exit_c
 void AddSteamCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddVaporCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddUdvCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
+void AddCheckCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 
 }  // namespace kestrane::cli

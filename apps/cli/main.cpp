@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
   cli::AddSteamCommand(app, options, exit_code);
   cli::AddVaporCommand(app, options, exit_code);
   cli::AddUdvCommand(app, options, exit_code);
+  cli::AddCheckCommand(app, options, exit_code);
 
   try {
     app.parse(argc, argv);

@@ -9,6 +9,8 @@ void ClearLoadTables(DesignCase& dc) {
   dc.LOADCLASS.Clear();
   dc.STGLOAD.Clear();
   dc.CNDLOAD.Clear();
+  // Range flags go with their loads, so that a gas load never keeps a flag of an earlier run.
+  dc.VPRANGE.Clear();
 }
 
 void ClearResultTables(DesignCase& dc) {

@@ -158,7 +158,8 @@ enum TotalsPlace : int {
   kTotalPowerCost = 12
 };
 
-// One design case. PINTERFIX, which outlives a case, is kept by the Session.
+// One design case. PINTERFIX, which outlives a case, is kept by the Session;
+// the case file (USERCASE, CASENAME, CASEDIRTY) by the input screen.
 struct DesignCase {
   // Inputs, in standard units: mmHgA, degF, psig, lb/hr.
   float PSUCT = 0;
@@ -180,9 +181,6 @@ struct DesignCase {
   int16_t KEEPWATER = 0, KEEPWATERC = 0, KEEPWATERP = 0;
   float LRVPFACTOR = 1.0f;
   float LRVPMLMIN = 1.1f;
-  std::string USERCASE;  // case path, empty for a new case
-  std::string CASENAME;
-  int16_t CASEDIRTY = 0;
 
   // Loads: load 1 is water vapor.
   int16_t NLOADS = 0;
@@ -208,7 +206,7 @@ struct DesignCase {
   Array1D<float> CNDOPT2{11};
 };
 
-// Clears LOADS, LATENT, LOADCLASS, STGLOAD and CNDLOAD for all loads.
+// Clears LOADS, LATENT, LOADCLASS, VPRANGE, STGLOAD and CNDLOAD for all loads.
 void ClearLoadTables(DesignCase& dc);
 
 // Clears STG, CND, LRVPRES, TOTALS and sets LRVPERR to 0.

@@ -28,6 +28,7 @@ std::string ErrorText(int number) {
     case 70: return "Permission denied";
     case 75: return "Path/File access error";
     case 76: return "Path not found";
+    case 380: return "Invalid property value";
     default: return "Application-defined or object-defined error";
   }
 }

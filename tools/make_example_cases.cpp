@@ -1,0 +1,159 @@
+// Writes the example design cases of usrfiles/ through the case file writer, so that they stand exactly as the program saves them.
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "case/jet_file.h"
+
+namespace {
+
+using kestrane::InputScreen;
+
+struct Example {
+  const char* file;
+  std::function<void(InputScreen&)> fill;
+};
+
+// The main values in standard units: suction mmHgA and degF, discharge mmHgA,
+// motive psig and degF (0 saturated), water in and out limit degF.
+void Main(InputScreen& s, const char* psuct, const char* tsuct, const char* pdisch, const char* pmotive,
+          const char* tmotive, const char* water_in, const char* water_out = "") {
+  const char* values[] = {psuct, tsuct, pdisch, pmotive, tmotive, water_in, water_out};
+  for (size_t i = 0; i < 7; ++i) s.txtInput[i] = values[i];
+}
+
+void Heading(InputScreen& s, const char* item, const char* description, const char* engineer) {
+  s.txtHeadingInput = {item, description, engineer};
+}
+
+void Condensers(InputScreen& s, int type) {
+  s.OptionCondenserType = {0, 0, 0, 0};
+  s.OptionCondenserType[static_cast<size_t>(type)] = -1;
+}
+
+void Stages(InputScreen& s, int option) {
+  s.OptionStages = {0, 0, 0, 0, 0};
+  s.OptionStages[static_cast<size_t>(option)] = -1;
+}
+
+void Condensible(InputScreen& s, size_t row, const char* id, const char* pph) {
+  s.txtCID[row] = id;
+  s.txtCpph[row] = pph;
+}
+
+void Gas(InputScreen& s, size_t row, const char* pph, const char* mw) {
+  s.txtNCpph[row] = pph;
+  s.txtNCMW[row] = mw;
+}
+
+const std::vector<Example> kExamples = {
+    {"AUTOMATIC-SURFACE.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-101", "Vacuum distillation overhead, automatic stages", "AE");
+       Main(s, "50", "100", "770", "150", "0", "85");
+       Condensible(s, 0, "WATER", "80");
+       Gas(s, 0, "25", "29");
+     }},
+    {"ONE-STAGE-NO-CONDENSERS.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-102", "Single stage deaerator vent, no condensers", "AE");
+       Main(s, "150", "120", "770", "125", "0", "85");
+       Condensers(s, 3);
+       Stages(s, 4);
+       Condensible(s, 0, "WATER", "20");
+       Gas(s, 0, "15", "29");
+     }},
+    {"TWO-STAGE-SURFACE-TUBE-SIDE.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-103", "Two stages, condensing in the tubes, toluene", "AE");
+       Main(s, "60", "110", "770", "150", "0", "80");
+       Condensers(s, 1);
+       Stages(s, 3);
+       Condensible(s, 0, "WATER", "40");
+       Condensible(s, 1, "13", "30");
+       Gas(s, 0, "15", "29");
+     }},
+    {"TWO-STAGE-PRECONDENSER.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-104", "Two stages with a precondenser, ethanol and water", "AE");
+       Main(s, "40", "120", "770", "150", "0", "85");
+       Stages(s, 3);
+       s.chkboxPreCondenser = 1;
+       Condensible(s, 0, "WATER", "200");
+       Condensible(s, 1, "3", "100");
+       Gas(s, 0, "10", "29");
+     }},
+    {"THREE-STAGE-DIRECT-CONTACT.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-105", "Three stages with barometric condensers", "AE");
+       Main(s, "15", "100", "770", "150", "0", "85");
+       Condensers(s, 2);
+       Stages(s, 2);
+       Condensible(s, 0, "WATER", "60");
+       Gas(s, 0, "12", "29");
+     }},
+    {"FOUR-STAGE-SURFACE.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-106", "Four stages for deep vacuum", "AE");
+       Main(s, "2", "90", "770", "150", "0", "80");
+       Stages(s, 1);
+       Condensible(s, 0, "WATER", "5");
+       Gas(s, 0, "4", "29");
+     }},
+    {"TWO-STAGE-LRVP.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-107", "Two stages, liquid ring pump as last stage", "AE");
+       Main(s, "30", "100", "770", "150", "0", "75");
+       Stages(s, 3);
+       s.chkboxLRVP = 1;
+       Condensible(s, 0, "WATER", "40");
+       Gas(s, 0, "20", "29");
+     }},
+    {"SOLVENT-LOADS-THREE-STAGE.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-108", "Solvent recovery: methanol, acetone and toluene with nitrogen", "AE");
+       Main(s, "20", "95", "770", "125", "0", "80", "110");
+       Stages(s, 2);
+       Condensible(s, 0, "WATER", "30");
+       Condensible(s, 1, "2", "25");
+       Condensible(s, 2, "8", "40");
+       Condensible(s, 3, "13", "15");
+       Gas(s, 0, "30", "28.01");
+       Gas(s, 1, "5", "29");
+     }},
+    {"METRIC-TWO-STAGE.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-109", "Two stages entered in metric units", "AE");
+       kestrane::SelectOption(s, s.OptionUnits, 1);
+       const char* metric[] = {"8", "40", "102.7", "10", "0", "29", "", "0.0004"};
+       for (size_t i = 0; i < 8; ++i) s.txtInputA[i] = metric[i];
+       s.txtCost = {"5.5", "0.08", "0.05"};
+       s.txtCpphA[0] = "25";
+       s.txtNCpphA[0] = "10";
+       s.txtNCMW[0] = "29";
+       s.txtDesignA = {"5", "95", "1.5", "150"};
+     }},
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: make_example_cases FOLDER\n");
+    return 2;
+  }
+  const std::filesystem::path folder = argv[1];
+  kestrane::RecordingUi ui;
+  for (const Example& example : kExamples) {
+    InputScreen screen = kestrane::NewCase();
+    example.fill(screen);
+    kestrane::RecomputePairs(screen);
+    if (!kestrane::WriteCase(folder / example.file, screen, ui)) {
+      std::fprintf(stderr, "%s: %s\n", example.file, ui.notices.back().c_str());
+      return 1;
+    }
+  }
+  return 0;
+}
