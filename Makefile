@@ -17,7 +17,7 @@ build: configure
 	cmake --build $(BUILD) -j $(JOBS)
 
 run: build
-	$(BUILD)/bin/kestrane startup
+	$(BUILD)/bin/kestrane design $(BUILD)/bin/usrfiles/SOLVENT-LOADS-THREE-STAGE.JET
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)

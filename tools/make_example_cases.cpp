@@ -78,7 +78,7 @@ const std::vector<Example> kExamples = {
     {"TWO-STAGE-PRECONDENSER.JET",
      [](InputScreen& s) {
        Heading(s, "EJ-104", "Two stages with a precondenser, ethanol and water", "AE");
-       Main(s, "40", "120", "770", "150", "0", "85");
+       Main(s, "40", "120", "770", "150", "0", "65");
        Stages(s, 3);
        s.chkboxPreCondenser = 1;
        Condensible(s, 0, "WATER", "200");

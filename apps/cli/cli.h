@@ -50,6 +50,9 @@ bool LoadSteamTable(Session& session, Ui& ui);
 // false (with the notice shown) when the data base cannot be read.
 bool LoadVapors(Session& session, Ui& ui);
 
+// Reads everything a design needs: steam table, design curves and tables, vapors.
+bool LoadDesignData(Session& session, Ui& ui);
+
 // Prints a JSON document on standard output.
 void PrintJson(const nlohmann::json& doc);
 
@@ -63,5 +66,6 @@ void AddSteamCommand(CLI::App& app, const GlobalOptions& options, int& exit_code
 void AddVaporCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddUdvCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddCheckCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
+void AddDesignCommands(CLI::App& app, const GlobalOptions& options, int& exit_code);
 
 }  // namespace kestrane::cli

@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
   cli::AddVaporCommand(app, options, exit_code);
   cli::AddUdvCommand(app, options, exit_code);
   cli::AddCheckCommand(app, options, exit_code);
+  cli::AddDesignCommands(app, options, exit_code);
 
   try {
     app.parse(argc, argv);

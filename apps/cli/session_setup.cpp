@@ -43,6 +43,13 @@ bool LoadVapors(Session& session, Ui& ui) {
   return true;
 }
 
+bool LoadDesignData(Session& session, Ui& ui) {
+  if (!LoadSteamTable(session, ui) || !LoadVapors(session, ui)) return false;
+  SetCurves(session.data.curves);
+  SetConstants(session.data.constants);
+  return true;
+}
+
 void PrintJson(const nlohmann::json& doc) { std::cout << doc.dump(2) << '\n'; }
 
 }  // namespace kestrane::cli

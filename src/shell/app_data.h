@@ -18,6 +18,9 @@ struct AppData {
   Constants constants;
   UserInfo USERINFO{kUserInfoRows};
   UserInfoRead userinfo_state = UserInfoRead::kMissing;
+  // The internal mode, the first value of the pricing configuration; 2 also
+  // writes the debugger grid to OUT.CSV after each design.
+  int16_t internal_mode = 0;
 };
 
 }  // namespace kestrane

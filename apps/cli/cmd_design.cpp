@@ -1,0 +1,183 @@
+// kestrane design CASE.JET... and kestrane stage: the design run and one stage of it.
+#include <cstdio>
+
+#include "case/jet_file.h"
+#include "cli.h"
+#include "engine/design_run.h"
+#include "engine/results.h"
+#include "engine/stage_model.h"
+#include "properties/numeric.h"
+#include "properties/vb.h"
+
+namespace kestrane::cli {
+
+namespace {
+
+struct DesignArgs {
+  std::vector<std::string> files;
+  bool json = false;
+  bool grid = false;
+};
+
+struct StageArgs {
+  float pin = 0, pout = 0, pmotive = 0, tmotive = 0, ve = 0;
+  bool json = false;
+};
+
+nlohmann::json Singles(const std::vector<float>& values) {
+  nlohmann::json out = nlohmann::json::array();
+  for (float v : values) out.push_back(JsonSingle(v));
+  return out;
+}
+
+nlohmann::json CaseJson(const DesignCase& dc, const DesignOutcome& outcome, const CliUi& ui, const std::string& text) {
+  nlohmann::json doc;
+  doc["input_error"] = outcome.input_error;
+  doc["notices"] = ui.notices;
+  doc["status"] = ui.statuses;
+  doc["lblMessage"] = outcome.lblMessage;
+  doc["NSTAGES"] = dc.NSTAGES;
+  doc["HASC1"] = dc.HASC1;
+  doc["HASC2"] = dc.HASC2;
+  doc["HASAC"] = dc.HASAC;
+  doc["LRVPERR"] = dc.LRVPERR;
+  doc["NLOADS"] = dc.NLOADS;
+  doc["PINTERFIX"] = nullptr;
+  for (int c = 1; c <= kStageColumns; ++c) {
+    std::vector<float> rows;
+    for (int r = 1; r <= kStageRows; ++r) rows.push_back(dc.STG(c, r));
+    doc["STG"].push_back(Singles(rows));
+  }
+  for (int col = 1; col <= kCondenserColumns; ++col) {
+    std::vector<float> rows;
+    for (int r = 1; r <= kCondenserRows; ++r) rows.push_back(dc.CND(col, r));
+    doc["CND"].push_back(Singles(rows));
+  }
+  std::vector<float> totals;
+  for (int k = 1; k <= 12; ++k) totals.push_back(dc.TOTALS(k));
+  doc["TOTALS"] = Singles(totals);
+  doc["STGLOAD"] = nlohmann::json::array();
+  doc["CNDLOAD"] = nlohmann::json::array();
+  doc["LOADS"] = nlohmann::json::array();
+  for (int load = 1; load <= dc.NLOADS; ++load) {
+    std::vector<float> stages, rows;
+    for (int c = 1; c <= kStageColumns; ++c) stages.push_back(dc.STGLOAD(load, c));
+    doc["STGLOAD"].push_back(Singles(stages));
+    nlohmann::json inout = nlohmann::json::array();
+    for (int k = 1; k <= 2; ++k) {
+      std::vector<float> cols;
+      for (int col = 1; col <= kCondenserColumns; ++col) cols.push_back(dc.CNDLOAD(load, k, col));
+      inout.push_back(Singles(cols));
+    }
+    doc["CNDLOAD"].push_back(inout);
+    for (int r = 0; r <= 7; ++r) rows.push_back(dc.LOADS(r, load));
+    doc["LOADS"].push_back(Singles(rows));
+  }
+  doc["results_text"] = text;
+  return doc;
+}
+
+int Design(const GlobalOptions& options, const DesignArgs& args) {
+  auto session = MakeSession(options);
+  CliUi load_ui(args.json);
+  if (!LoadDesignData(*session, load_ui)) return kExitUsage;
+  nlohmann::json docs = nlohmann::json::array();
+  int exit_code = kExitDone;
+  for (const std::string& file : args.files) {
+    CliUi ui(args.json);
+    InputScreen screen = NewCase();
+    if (!OpenCase(file, screen, ui)) {
+      if (args.json) docs.push_back({{"case", file}, {"notices", ui.notices}});
+      exit_code = kExitUsage;
+      continue;
+    }
+    DesignCase& dc = session->design;
+    DesignContext ctx{dc, session->data, screen, session->PINTERFIX, ui};
+    const DesignOutcome outcome = RunDesign(ctx, screen);
+    std::string text;
+    if (outcome.results) text = ResultsText(FillResults(ctx, screen.Metric()));
+    const auto grid = DebuggerGrid(ctx);
+    if (outcome.results && session->data.internal_mode == 2) WriteGridCsv(grid, GridCsvPath(), ui);
+    if (outcome.input_error != 0 && exit_code == kExitDone) exit_code = kExitRefused;
+    if (args.json) {
+      nlohmann::json doc = CaseJson(dc, outcome, ui, text);
+      doc["case"] = file;
+      doc["PINTERFIX"] = JsonSingle(session->PINTERFIX);
+      if (args.grid) doc["grid"] = grid;
+      docs.push_back(doc);
+      continue;
+    }
+    if (args.files.size() > 1) std::printf("== %s\n", screen.CASENAME.c_str());
+    if (outcome.input_error != 0) continue;
+    if (!outcome.lblMessage.empty()) std::printf("%s\n", outcome.lblMessage.c_str());
+    std::printf("%s", text.c_str());
+    if (args.grid) {
+      for (const auto& row : grid) {
+        std::string line;
+        for (const auto& cell : row) {
+          std::string padded(20, ' ');
+          PlaceInField(-1, padded, cell, 1);
+          line += padded;
+        }
+        std::printf("%s\n", RTrim(line).c_str());
+      }
+    }
+  }
+  if (args.json) PrintJson(docs.size() == 1 ? docs[0] : docs);
+  return exit_code;
+}
+
+int Stage(const GlobalOptions& options, const StageArgs& args) {
+  auto session = MakeSession(options);
+  CliUi ui(args.json);
+  if (!LoadDesignData(*session, ui)) return kExitUsage;
+  const InputScreen screen = NewCase();
+  DesignContext ctx{session->design, session->data, screen, session->PINTERFIX, ui};
+  const StageDesign st = DesignStage(ctx, args.pin, args.pout, args.pmotive, args.tmotive, args.ve);
+  const JetBalanceData& b = st.balance;
+  if (args.json) {
+    PrintJson({{"ML", JsonSingle(st.ML)},
+               {"THROAT", JsonSingle(st.THROAT)},
+               {"SIZE", JsonSingle(st.SIZE)},
+               {"EFF", JsonSingle(st.EFF)},
+               {"steamRatio", JsonSingle(b.steamRatio)},
+               {"efficiency", JsonSingle(b.efficiency)},
+               {"dischargeTemp", JsonSingle(b.dischargeTemp)},
+               {"throatTemp", JsonSingle(b.throatTemp)},
+               {"throatVolume", JsonSingle(b.throatVolume)},
+               {"mixVelocity", JsonSingle(b.mixVelocity)},
+               {"nozzleVelocity", JsonSingle(b.nozzleVelocity)},
+               {"compressionRatio", JsonSingle(b.compressionRatio)},
+               {"entropyIndex", JsonSingle(b.entropyIndex)},
+               {"failed", b.failed},
+               {"notices", ui.notices}});
+  } else {
+    std::printf("ML        %s\nTHROAT    %s in\nSIZE      %s\nEFF       %s %%\nmotive    %s lb/hr\n",
+                GeneralText(st.ML).c_str(), GeneralText(st.THROAT).c_str(), GeneralText(st.SIZE).c_str(),
+                GeneralText(st.EFF).c_str(), GeneralText(st.ML * args.ve).c_str());
+  }
+  return kExitDone;
+}
+
+}  // namespace
+
+void AddDesignCommands(CLI::App& app, const GlobalOptions& options, int& exit_code) {
+  auto args = std::make_shared<DesignArgs>();
+  auto* design = app.add_subcommand("design", "Check and design one or more cases in one session, in order");
+  design->add_option("CASES", args->files, "Case files (.JET)")->required();
+  design->add_flag("--json", args->json, "Print the record and results as JSON");
+  design->add_flag("--grid", args->grid, "Print the debugger grid as well");
+  design->callback([&options, &exit_code, args] { exit_code = Design(options, *args); });
+
+  auto stage_args = std::make_shared<StageArgs>();
+  auto* stage = app.add_subcommand("stage", "Size one ejector stage for a load");
+  stage->add_option("PIN", stage_args->pin, "Suction pressure, mmHgA")->required();
+  stage->add_option("POUT", stage_args->pout, "Discharge pressure, mmHgA")->required();
+  stage->add_option("PMOTIVE", stage_args->pmotive, "Motive pressure, psig")->required();
+  stage->add_option("TMOTIVE", stage_args->tmotive, "Motive temperature, degF (0 saturated)")->required();
+  stage->add_option("VE", stage_args->ve, "Water vapor equivalent load, lb/hr")->required();
+  stage->add_flag("--json", stage_args->json, "Print the stage and its balance as JSON");
+  stage->callback([&options, &exit_code, stage_args] { exit_code = Stage(options, *stage_args); });
+}
+
+}  // namespace kestrane::cli

@@ -1,0 +1,17 @@
+// The condenser run: flows, heat loads, water balance and the sizing of one condenser of the train.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "engine/design_context.h"
+
+namespace kestrane {
+
+// Designs condenser `col` (3 C1, 2 C2, 1 AC) of a train of `nstages` stages.
+// dia1 and dia2 are the fallback vapor nozzles at its inlet and outlet.
+// err becomes 1 on a trapped failure; `warnings` collects the warning codes.
+void CondenserDesign(DesignContext& ctx, int nstages, int col, float dia1, float dia2, int16_t& err,
+                     std::array<int16_t, 14>& warnings);
+
+}  // namespace kestrane

@@ -1,0 +1,29 @@
+// What a design run works on: the case record, the loaded data, the input screen's prices and options, the session's carried state and the user.
+#pragma once
+
+#include "case/design_case.h"
+#include "case/input_screen.h"
+#include "properties/steam.h"
+#include "properties/vapors.h"
+#include "shell/app_data.h"
+
+namespace kestrane {
+
+// A working vector of flows, lb/hr per load.
+using LoadVector = Array1D<float>;
+
+struct DesignContext {
+  DesignCase& dc;
+  const AppData& data;
+  const InputScreen& screen;
+  float& PINTERFIX;  // carried across runs by the session
+  Ui& ui;
+
+  Steam steam() const { return Steam{data.steam, ui}; }
+  Vapors vapors() const { return Vapors{data.vapors, data.user_vapors, ui}; }
+};
+
+// A load vector of all loads.
+inline LoadVector NewLoadVector() { return LoadVector(kMaxLoads); }
+
+}  // namespace kestrane

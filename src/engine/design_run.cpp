@@ -1,0 +1,283 @@
+// The design run: from a checked case record to a whole train with its condensers, connections, utilities and annual cost.
+#include "engine/design_run.h"
+
+#include <array>
+#include <cmath>
+
+#include "case/check_input.h"
+#include "condenser/condenser_design.h"
+#include "engine/optimiser.h"
+#include "engine/stage_model.h"
+#include "engine/stage_results.h"
+#include "properties/numeric.h"
+#include "properties/vb.h"
+
+namespace kestrane {
+
+namespace {
+
+constexpr float kAfterCondenserLoss = 25.0f;  // mmHg the last stage discharges through the after condenser
+constexpr float kRunningHours = 8000;
+
+LoadVector FlowsOfLoads(const DesignCase& dc) {
+  LoadVector loads = NewLoadVector();
+  for (int load = 1; load <= kMaxLoads; ++load) loads(load) = dc.LOADS(kLoadPPH, load);
+  return loads;
+}
+
+float Sum(const DesignCase& dc, const LoadVector& loads) {
+  float sum = 0;
+  for (int load = 1; load <= dc.NLOADS; ++load) sum += loads(load);
+  return sum;
+}
+
+void CopyCondenserLoads(DesignCase& dc, int inout, int col, const LoadVector& loads) {
+  for (int load = 1; load <= kMaxLoads; ++load) dc.CNDLOAD(load, inout, col) = loads(load);
+}
+
+// A condenser ahead of the first stage: its loads, pressures and the flashed load.
+float Precondenser(DesignContext& ctx, int col, int vp_row, float tsat, float& pin, float& tin, LoadVector& loads) {
+  DesignCase& dc = ctx.dc;
+  CopyCondenserLoads(dc, 1, col, loads);
+  dc.CND(col, kCndPIN) = pin;
+  pin = static_cast<float>(pin * 0.95);
+  LoadVector vp = FillVaporPressures(ctx, vp_row);
+  FlashLoads(ctx, loads, vp, pin, 1);
+  const float ve = VaporEquivalent(ctx, loads, tsat);
+  dc.CND(col, kCndPOUT) = pin;
+  dc.CND(col, kCndTSAT) = tsat;
+  tin = tsat;
+  CopyCondenserLoads(dc, 2, col, loads);
+  return ve;
+}
+
+// Advice on the precondenser of a one or two stage train.
+void PrecondenserAdvice(DesignContext& ctx, float pin) {
+  DesignCase& dc = ctx.dc;
+  LoadVector loads = FlowsOfLoads(dc);
+  const float t0 = Sum(dc, loads);
+  const float ve0 = VaporEquivalent(ctx, loads, dc.TSUCT);
+  const bool one = dc.NSTAGES == 1;
+  const int vp_row = one ? kLoadVPC2 : kLoadVPC1;
+  const float tsat = one ? dc.TSATC2 : dc.TSATC1;
+  int16_t& selected = one ? dc.HASC2 : dc.HASC1;
+  LoadVector vp = FillVaporPressures(ctx, vp_row);
+  FlashLoads(ctx, loads, vp, static_cast<float>(pin * 0.95), 1);
+  const float ve1 = VaporEquivalent(ctx, loads, tsat);
+  const float t1 = Sum(dc, loads);
+  if (std::fabs(t0 - t1) < 0.1) {
+    if (selected > 0) {
+      selected = 0;
+      ctx.ui.notice("The precondenser doesn't reduce the load since nothing condenses.... continuing without a "
+                    "precondenser...\r\nSuggest you check the cooling water temperature or eliminate the "
+                    "precondenser.  \r\n\r\n");
+    }
+    return;
+  }
+  const float r = 100 * ve1 / ve0;
+  if (r > 50.0f && selected > 0) {
+    ctx.ui.notice("The precondenser reduces the condensible vapor equivalent load by less than 50%.\r\nSuggest you "
+                  "review a design without the precondenser.\r\n\r\n");
+  } else if (r <= 50.0f && selected == 0) {
+    ctx.ui.notice("You may wish to consider a precondenser which will lower vacuum system utility requirements.\r\n"
+                  "  Select the precondenser option from the main input menu.\r\n\r\n");
+  }
+}
+
+// The intercondenser between two stages: in = suction load of the stage before plus its motive, out = next stage's.
+void Intercondenser(DesignCase& dc, int col, float tsat, int stage_before, int stage_after) {
+  dc.CND(col, kCndTSAT) = tsat;
+  for (int load = 1; load <= kMaxLoads; ++load) {
+    dc.CNDLOAD(load, 1, col) = dc.STGLOAD(load, stage_before);
+    dc.CNDLOAD(load, 2, col) = dc.STGLOAD(load, stage_after);
+  }
+  dc.CNDLOAD(1, 1, col) += dc.STG(stage_before, kStgMOTIVE);
+}
+
+void AnnualCosts(DesignContext& ctx) {
+  DesignCase& dc = ctx.dc;
+  const InputScreen& screen = ctx.screen;
+  const bool metric = screen.OptionUnits[1] != 0;
+  float steam_price = static_cast<float>(Val(screen.txtCost[0]));
+  if (metric) steam_price = static_cast<float>(steam_price / 2.205);
+  dc.TOTALS(kTotalSteamCost) = dc.TOTALS(kTotalMotive) * kRunningHours / 1000 * steam_price;
+  float water = 0;
+  for (int col = 1; col <= kCondenserColumns; ++col) water += dc.CND(col, kCndGPMUSE);
+  if (dc.USELRVP == 1) water += dc.LRVPRES(4, 1);
+  dc.TOTALS(kTotalWater) = water;
+  float water_price = static_cast<float>(Val(screen.txtCost[2]));
+  if (metric) water_price = static_cast<float>(water_price / 264.173 * 1000);
+  dc.TOTALS(kTotalWaterCost) = water * 60 * kRunningHours / 1000 * water_price;
+  dc.TOTALS(kTotalPower) = CInt(dc.LRVPRES(3, 1) * 0.7457);
+  const float power_price = static_cast<float>(Val(screen.txtCost[1]));
+  dc.TOTALS(kTotalPowerCost) = static_cast<float>(dc.TOTALS(kTotalPower) * kRunningHours * power_price / 0.9);
+  dc.TOTALS(kTotalAnnualCost) =
+      dc.TOTALS(kTotalWaterCost) + dc.TOTALS(kTotalSteamCost) + dc.TOTALS(kTotalPowerCost);
+}
+
+void VaporRangeWarnings(DesignContext& ctx) {
+  const DesignCase& dc = ctx.dc;
+  const bool metric = ctx.screen.OptionUnits[1] != 0;
+  std::string message;
+  for (int load = 1; load <= std::min<int>(10, dc.NLOADS); ++load) {
+    if (dc.VPRANGE(load, 1) == 0 && dc.VPRANGE(load, 2) == 0 && dc.VPRANGE(load, 3) == 0) continue;
+    const auto id = static_cast<int>(dc.LOADS(kLoadID, load));
+    std::string name;
+    float low_c = 0, high_c = 0;
+    if (id > 0) {
+      name = Trim(ctx.data.vapors.PSATNAME(id));
+      low_c = ctx.data.vapors.PSATDATA(id, 5);
+      high_c = ctx.data.vapors.PSATDATA(id, 6);
+    } else if (id < 0) {
+      name = Trim(ctx.data.user_vapors.UDVNAME(-id));
+      low_c = ctx.data.user_vapors.UDVDATA(-id, 2);
+      high_c = ctx.data.user_vapors.UDVDATA(-id, 6);
+    } else {
+      // Water: the saturation line of the steam table.
+      const SteamTable& tb = ctx.data.steam;
+      name = "WATER";
+      low_c = static_cast<float>((tb.STEAMTBL(1, 2) - 32) / 1.8);
+      high_c = static_cast<float>((tb.STEAMTBL(tb.STEAMNP, 2) - 32) / 1.8);
+    }
+    const auto shown = [&](float c) { return metric ? c : static_cast<float>(c * 1.8 + 32); };
+    message += " Warning: vapor pressure data for " + name + " beyond normal range of stored properties..." +
+               " Temperature range= " + FormatFixed(shown(low_c), 8.0f) + " to " + FormatFixed(shown(high_c), 8.0f) +
+               (metric ? " deg.C" : " deg.F") + "\r\n";
+  }
+  if (message.empty()) return;
+  message += "\r\nSuggest that you review the accuracy of the suspect vapor pressures. "
+             "This can be done by running the Vapor Pressure option from the main screen.  This will enable "
+             " you to review the calculated vapor pressures over a temperature range for comparison to your in-house "
+             "data.";
+  ctx.ui.notice(message);
+}
+
+}  // namespace
+
+void DesignSystem(DesignContext& ctx) {
+  DesignCase& dc = ctx.dc;
+  Ui& ui = ctx.ui;
+  ui.status("Calculating..... ");
+  float pout = dc.PDISCH + (dc.HASAC > 0 && dc.NSTAGES > 0 ? kAfterCondenserLoss : 0.0f);
+  float pin = dc.PSUCT;
+  float tin = dc.TSUCT;
+  dc.LRVPERR = 0;
+
+  if (dc.NSTAGES < 3) PrecondenserAdvice(ctx, pin);
+
+  LoadVector loads = FlowsOfLoads(dc);
+  float best = 0;
+  int16_t err = 0;
+  switch (dc.NSTAGES) {
+    case 1: {
+      ui.status("Calculating.....single stage design... ");
+      if (dc.HASC2 > 0) Precondenser(ctx, kCondC2, kLoadVPC2, dc.TSATC2, pin, tin, loads);
+      DesignSingleStage(ctx, pin, pout, tin, loads);
+      break;
+    }
+    case 2: {
+      ui.status("Calculating.....two stage design... ");
+      const float ve = dc.HASC1 > 0 ? Precondenser(ctx, kCondC1, kLoadVPC1, dc.TSATC1, pin, tin, loads)
+                                    : VaporEquivalent(ctx, loads, tin);
+      OptimizeTwoStage(ctx, ve, pin, pout, tin, loads, best, err);
+      break;
+    }
+    case 3:
+      ui.status("Calculating.....three stage design... ");
+      OptimizeThreeStage(ctx, pin, pout, tin, loads, best, err);
+      break;
+    case 4:
+      OptimizeFourStage(ctx, pin, pout, tin, ctx.PINTERFIX, 0, loads, best, err);
+      break;
+    default:
+      break;
+  }
+  if (dc.LRVPERR == 1) {
+    ui.notice("Error encountered in liquid ring vacuum pump design.\r\nThe conditions may be beyond the capacity of a "
+              "vacuum pump.\r\nSuggestions:\r\n-If cooling water is hot, try cold water (~50F) to prove if conditions "
+              "are beyond the limits of the vacuum pump.\r\n-Disable the vacuum pump option and run as ejector(s) "
+              "only.");
+    return;
+  }
+
+  float total_motive = 0;
+  for (int c = 1; c <= dc.NSTAGES; ++c) total_motive += dc.STG(c, kStgMOTIVE);
+  dc.TOTALS(kTotalMotive) = total_motive;
+
+  if (dc.HASAC > 0) {
+    if (dc.NSTAGES > 0) {
+      dc.CND(kCondAC, kCndPIN) = pout;
+      dc.CND(kCondAC, kCndTSAT) = dc.TSATAC;
+      for (int load = 1; load <= kMaxLoads; ++load) loads(load) = dc.STGLOAD(load, kStageC);
+      loads(1) += dc.STG(kStageC, kStgMOTIVE);
+      CopyCondenserLoads(dc, 1, kCondAC, loads);
+      pout -= kAfterCondenserLoss;
+    } else {
+      dc.CND(kCondAC, kCndPIN) = pin;
+    }
+    LoadVector vp = FillVaporPressures(ctx, kLoadVPAC);
+    FlashLoads(ctx, loads, vp, pout, 1);
+    dc.CND(kCondAC, kCndPOUT) = pout;
+    CopyCondenserLoads(dc, 2, kCondAC, loads);
+  }
+  if (dc.NSTAGES >= 3) Intercondenser(dc, kCondC1, dc.TSATC1, kStageA, kStageB);
+  if (dc.NSTAGES >= 2) Intercondenser(dc, kCondC2, dc.TSATC2, kStageB, kStageC);
+
+  ui.status("Calculating.....condenser heat loads... ");
+  const int16_t present[] = {dc.HASAC, dc.HASC2, dc.HASC1};  // by column 1, 2, 3
+  for (int col = 1; col <= kCondenserColumns; ++col) {
+    if (present[col - 1] <= 0) continue;
+    float q = 0;
+    for (int load = 1; load <= kMaxLoads; ++load) {
+      const float in = dc.CNDLOAD(load, 1, col), out = dc.CNDLOAD(load, 2, col);
+      if (in >= 0.0001 || out >= 0.0001) q += (in - out) * dc.LATENT(load);
+    }
+    dc.CND(col, kCndQNOSUB) = q;
+  }
+
+  if (dc.NSTAGES > 0) {
+    ui.status("Calculating.....velocities... ");
+    StageVelocities(ctx, dc.NSTAGES);
+  }
+  ui.status("Calculating.....efficiencies... ");
+  StageEfficiencies(ctx, dc.NSTAGES);
+  StageCurves(ctx, dc.NSTAGES);
+  float dia1 = 0, dia2 = 0;
+  CondenserLines(ctx, dc.TSUCT, dc.NSTAGES, dia1, dia2);
+  for (int c = 1; c <= dc.NSTAGES; ++c) {
+    if (dc.USELRVP == 1 && c == kStageC) continue;
+    EjectorDimensions(ctx, c);
+  }
+
+  int n = 0;
+  for (int col : {kCondC1, kCondC2, kCondAC}) {
+    if (present[col - 1] <= 0) continue;
+    ++n;
+    ui.status("Calculating.....condenser #" + Str(n));
+    int16_t cnd_err = 0;
+    std::array<int16_t, 14> warnings{};
+    CondenserDesign(ctx, dc.NSTAGES, col, dia1, dia2, cnd_err, warnings);
+    // The outline belongs to a surface condenser whose shell was sized.
+    if (dc.CNDTYPE == 1 && dc.CND(col, kCndOD) > 0) CondenserOutline(ctx, col);
+  }
+
+  AnnualCosts(ctx);
+  VaporRangeWarnings(ctx);
+}
+
+DesignOutcome RunDesign(DesignContext& ctx, InputScreen& screen) {
+  DesignOutcome outcome;
+  const Steam steam = ctx.steam();
+  const Vapors vapors = ctx.vapors();
+  outcome.input_error = CheckInput(screen, ctx.dc, ctx.PINTERFIX, CheckServices{steam, vapors, ctx.ui});
+  if (outcome.input_error != 0) return outcome;
+  DesignSystem(ctx);
+  if (ctx.dc.LRVPERR == 0) {
+    outcome.results = true;
+  } else {
+    outcome.lblMessage = "LRVP Error";
+  }
+  return outcome;
+}
+
+}  // namespace kestrane

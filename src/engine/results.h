@@ -1,0 +1,46 @@
+// The results screen as data: utilities, ejectors and condensers in standard or metric units, and the debugger grid.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "engine/design_context.h"
+
+namespace kestrane {
+
+// A block of the results screen: row captions down the side, one column of texts per item.
+struct ResultsBlock {
+  std::string title;
+  std::vector<std::string> captions;
+  std::vector<std::string> heads;                  // one per column
+  std::vector<std::vector<std::string>> columns;  // columns[item][row]
+};
+
+struct ResultsScreen {
+  ResultsBlock utilities;
+  ResultsBlock ejectors;    // from the highest stage down to C
+  ResultsBlock condensers;  // in the order of flow: C1, C2, AC
+  bool show_condensers = false;
+};
+
+// The three blocks after a good run, in metric units when asked.
+ResultsScreen FillResults(const DesignContext& ctx, bool metric);
+
+// The blocks as the screen shows them, as text.
+std::string ResultsText(const ResultsScreen& screen);
+
+// The debugger grid: 161 rows of [label, C, B, A, AA, AAA, condenser label, AC, C2, C1,
+// table row label, AC, C2, C1]; the condenser table fills rows 1 to 160.
+std::vector<std::vector<std::string>> DebuggerGrid(const DesignContext& ctx);
+
+// The label of a condenser table row in the grid (" 78 WLMTD", " 120dim #4 ", "159 ").
+std::string CondenserRowLabel(int row);
+
+// The grid as comma separated lines, each closed by a blank, written whole.
+bool WriteGridCsv(const std::vector<std::vector<std::string>>& grid, const std::filesystem::path& path, Ui& ui);
+
+// Where the grid goes in the internal pricing mode: OUT.CSV in the system's temporary folder.
+std::filesystem::path GridCsvPath();
+
+}  // namespace kestrane

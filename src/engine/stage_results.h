@@ -1,0 +1,50 @@
+// Finishing a train: pipe connections and velocities, recalculated efficiencies, ejector bodies, condenser vapor lines and outlines.
+#pragma once
+
+#include <string>
+
+#include "engine/design_context.h"
+
+namespace kestrane {
+
+// A standard pipe: nominal size, outside diameter and wall, inches.
+struct Pipe {
+  float nominal = 0;
+  float od = 0;
+  float wall = 0;
+};
+
+// The next standard pipe at or above an inside diameter (inches).
+Pipe PipeLookup(const DesignContext& ctx, float dia);
+// A pipe of a given nominal size.
+Pipe PipeByNominal(const DesignContext& ctx, float nominal);
+
+// The pipe for a flow (ft3/s): the given nominal size, or the size that keeps
+// the velocity at vmax, at least `minsize` (0.5 when not positive). Returns
+// the velocity (ft/s) through it.
+float PipeSize(const DesignContext& ctx, float flow, Pipe& pipe, float vmax, float minsize);
+
+// Allowed vapor velocity (ft/s) at p (mmHgA), t (degF) and molecular weight, within 100..400.
+float MaxVelocity(const DesignContext& ctx, float p, float t, float mw);
+
+// Suction and discharge connections of a model size from the size table; 0 when no row matches.
+void ConnectionsFromSize(const DesignContext& ctx, float size, float& suction, float& discharge);
+
+void StageVelocities(DesignContext& ctx, int n);
+void StageEfficiencies(DesignContext& ctx, int n);
+// Overwrites PSUCT with each stage's suction pressure, keeping the last, as the program always did.
+void StageCurves(DesignContext& ctx, int n);
+
+// Ejector body dimensions A, B, C into STG rows 8 to 10.
+void EjectorDimensions(DesignContext& ctx, int stage);
+
+// Vapor connections of the precondenser line and of the after condenser outlet.
+void CondenserLines(const DesignContext& ctx, float t, int n, float& dia1, float& dia2);
+
+// Condenser model name: OD x TL, inlet head "A" (channel) or "B", "E", return head "L" or "M".
+std::string CondenserModel(const DesignContext& ctx, int col);
+
+// Outline dimensions of a surface condenser into CND dim #1 to dim #11.
+void CondenserOutline(DesignContext& ctx, int col);
+
+}  // namespace kestrane
