@@ -286,3 +286,48 @@ TEST_F(CommandLine, CheckOfAMissingDamagedOrForeignFileIsAFileError) {
     EXPECT_EQ(r.err.rfind("ReadFile Routine Error: ", 0), 0u) << name << ": " << r.err;
   }
 }
+
+TEST_F(CommandLine, DesignJsonHoldsTheRecordAndTheResults) {
+  const fs::path example = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles" / "SOLVENT-LOADS-THREE-STAGE.JET";
+  const CliRun r = Kestrane(Pgm() + "design '" + example.string() + "' --json");
+  ASSERT_EQ(r.exit_code, 0) << r.err;
+  const auto doc = nlohmann::json::parse(r.out);
+  for (const char* key : {"input_error", "notices", "status", "NSTAGES", "HASC1", "HASC2", "HASAC", "LRVPERR", "NLOADS",
+                          "STG", "CND", "TOTALS", "STGLOAD", "CNDLOAD", "LOADS", "results_text"}) {
+    EXPECT_TRUE(doc.contains(key)) << key;
+  }
+  EXPECT_EQ(doc["NSTAGES"], 3);
+  ASSERT_EQ(doc["STG"].size(), 5u);
+  EXPECT_EQ(doc["STG"][0].size(), 60u);
+  ASSERT_EQ(doc["CND"].size(), 3u);
+  EXPECT_EQ(doc["CND"][2].size(), 160u);
+  EXPECT_EQ(doc["TOTALS"].size(), 12u);
+  EXPECT_EQ(doc["STGLOAD"].size(), doc["NLOADS"].get<size_t>());
+  double motive = 0;
+  for (int c = 0; c < 3; ++c) motive += doc["STG"][c][2].get<double>();
+  EXPECT_NEAR(doc["TOTALS"][5].get<double>(), motive, 1e-3);
+  EXPECT_NE(doc["results_text"].get<std::string>().find("Ejectors"), std::string::npos);
+}
+
+TEST_F(CommandLine, SeveralCasesRunInOneSessionAndTheGridPrints) {
+  const fs::path examples = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles";
+  const CliRun r = Kestrane(Pgm() + "design '" + (examples / "FOUR-STAGE-SURFACE.JET").string() + "' '" +
+                            (examples / "SOLVENT-LOADS-THREE-STAGE.JET").string() + "' --json");
+  ASSERT_EQ(r.exit_code, 0) << r.err;
+  const auto docs = nlohmann::json::parse(r.out);
+  ASSERT_EQ(docs.size(), 2u);
+  EXPECT_EQ(docs[1]["STG"][2][1], docs[0]["PINTERFIX"]) << "the four stage pressure carries to the next case";
+  const CliRun grid = Kestrane(Pgm() + "design '" + (examples / "AUTOMATIC-SURFACE.JET").string() + "' --grid");
+  EXPECT_EQ(grid.exit_code, 0);
+  EXPECT_NE(grid.out.find(" 120dim #4 "), std::string::npos);
+}
+
+TEST_F(CommandLine, StageSizesOneEjector) {
+  const CliRun r = Kestrane(Pgm() + "stage 50 200 150 0 100 --json");
+  ASSERT_EQ(r.exit_code, 0) << r.err;
+  const auto doc = nlohmann::json::parse(r.out);
+  EXPECT_GT(doc["ML"].get<double>(), 0.5);
+  EXPECT_GT(doc["THROAT"].get<double>(), 0.3);
+  EXPECT_EQ(doc["failed"], 0);
+  EXPECT_NEAR(doc["compressionRatio"].get<double>(), 4.0, 1e-4);
+}

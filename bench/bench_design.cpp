@@ -1,0 +1,61 @@
+// Cost of one stage sizing and of whole designs of the example cases: three stages (the slowest) and four stages.
+#include <benchmark/benchmark.h>
+
+#include "case/jet_file.h"
+#include "engine/design_run.h"
+#include "engine/stage_model.h"
+#include "shell/paths.h"
+
+namespace {
+
+using namespace kestrane;
+
+struct Loaded {
+  AppData data;
+  RecordingUi ui;
+  bool ok = false;
+  Loaded() {
+    data.paths = PathsForProgram(ExecutableDirectory());
+    ok = ReadSteamData(data.paths.DataFile(kSteamFile), data.steam, ui) &&
+         ReadPsat(data.paths.DataFile(kVaporFile), data.vapors, ui);
+    SetCurves(data.curves);
+    SetConstants(data.constants);
+  }
+};
+
+Loaded& Data() {
+  static Loaded loaded;
+  return loaded;
+}
+
+void BM_DesignStage(benchmark::State& state) {
+  Loaded& d = Data();
+  if (!d.ok) return state.SkipWithError("data files not found beside the program");
+  DesignCase dc;
+  InputScreen screen = NewCase();
+  float pinterfix = 0;
+  DesignContext ctx{dc, d.data, screen, pinterfix, d.ui};
+  for (auto _ : state) benchmark::DoNotOptimize(DesignStage(ctx, 50, 200, 150, 0, 100).ML);
+}
+BENCHMARK(BM_DesignStage)->Unit(benchmark::kMicrosecond);
+
+void BM_DesignCase(benchmark::State& state, const char* file) {
+  Loaded& d = Data();
+  if (!d.ok) return state.SkipWithError("data files not found beside the program");
+  InputScreen screen = NewCase();
+  if (!ReadCase(d.data.paths.usrfiles / file, screen, d.ui)) return state.SkipWithError("example case not found");
+  for (auto _ : state) {
+    DesignCase dc;
+    InputScreen s = screen;
+    float pinterfix = 0;
+    DesignContext ctx{dc, d.data, s, pinterfix, d.ui};
+    RunDesign(ctx, s);
+    benchmark::DoNotOptimize(dc.TOTALS(1));
+  }
+}
+BENCHMARK_CAPTURE(BM_DesignCase, three_stage_solvents, "SOLVENT-LOADS-THREE-STAGE.JET")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_DesignCase, three_stage_direct_contact, "THREE-STAGE-DIRECT-CONTACT.JET")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_DesignCase, four_stage, "FOUR-STAGE-SURFACE.JET")->Unit(benchmark::kMillisecond);
+
+}  // namespace
