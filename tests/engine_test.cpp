@@ -19,20 +19,7 @@ namespace {
 
 const fs::path kExamples = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles";
 
-// The shipped data as a design needs it, loaded once.
-const AppData& Data() {
-  static AppData* data = [] {
-    auto* d = new AppData;
-    RecordingUi ui;
-    const fs::path pgm = fs::path(KESTRANE_SOURCE_DIR) / "pgmfiles";
-    ReadSteamData(pgm / "MOLVBLG.DTA", d->steam, ui);
-    ReadPsat(pgm / "PSAT.DTA", d->vapors, ui);
-    SetCurves(d->curves);
-    SetConstants(d->constants);
-    return d;
-  }();
-  return *data;
-}
+const AppData& Data() { return kestrane::testing::ShippedData(); }
 
 class Engine : public ::testing::Test {
  protected:

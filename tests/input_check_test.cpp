@@ -10,27 +10,22 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Steam table and vapor data base as shipped, loaded once.
+// The shipped data with one user vapor: 20/40, 50/200, 80/700, MW 58.
 struct Data {
-  SteamTable steam;
-  VaporData vapors;
+  const SteamTable& steam = kestrane::testing::ShippedData().steam;
+  const VaporData& vapors = kestrane::testing::ShippedData().vapors;
   UserVapors user;
+  Data() {
+    user.NUDV = 1;
+    const float row[] = {-1, 20, 40, 50, 200, 80, 700, 58, 0};
+    for (int c = 1; c <= 9; ++c) user.UDVDATA(1, c) = row[c - 1];
+    user.UDVNAME(1) = "Mine";
+  }
 };
 
 Data& Shipped() {
-  static Data* data = [] {
-    auto* d = new Data;
-    RecordingUi ui;
-    const fs::path pgm = fs::path(KESTRANE_SOURCE_DIR) / "pgmfiles";
-    ReadSteamData(pgm / "MOLVBLG.DTA", d->steam, ui);
-    ReadPsat(pgm / "PSAT.DTA", d->vapors, ui);
-    d->user.NUDV = 1;  // one user vapor: 20/40, 50/200, 80/700, MW 58
-    const float row[] = {-1, 20, 40, 50, 200, 80, 700, 58, 0};
-    for (int c = 1; c <= 9; ++c) d->user.UDVDATA(1, c) = row[c - 1];
-    d->user.UDVNAME(1) = "Mine";
-    return d;
-  }();
-  return *data;
+  static Data data;
+  return data;
 }
 
 class InputCheck : public ::testing::Test {

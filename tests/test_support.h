@@ -10,6 +10,7 @@
 #include <string>
 
 #include "properties/vb.h"
+#include "shell/app_data.h"
 
 namespace kestrane::testing {
 
@@ -41,6 +42,21 @@ inline void CopyProgramData(const std::filesystem::path& pgmfiles) {
     std::filesystem::copy_file(std::filesystem::path(KESTRANE_SOURCE_DIR) / "pgmfiles" / name, pgmfiles / name,
                                std::filesystem::copy_options::overwrite_existing);
   }
+}
+
+// The shipped steam table, vapor data base and design tables, loaded once.
+inline const AppData& ShippedData() {
+  static const AppData* data = [] {
+    auto* d = new AppData;
+    RecordingUi ui;
+    const std::filesystem::path pgm = std::filesystem::path(KESTRANE_SOURCE_DIR) / "pgmfiles";
+    ReadSteamData(pgm / "MOLVBLG.DTA", d->steam, ui);
+    ReadPsat(pgm / "PSAT.DTA", d->vapors, ui);
+    SetCurves(d->curves);
+    SetConstants(d->constants);
+    return d;
+  }();
+  return *data;
 }
 
 // A fresh empty folder for each test, removed afterwards.
