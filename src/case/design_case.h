@@ -201,6 +201,10 @@ struct DesignCase {
   Array2D<float> LRVPRES{68, 89};  // (row, pump kept)
   int16_t LRVPERR = 0;             // 0 good, 1 error reported, 2 no pump found
 
+  // Condenser input rows (1 AC, 2 C2, 3 C1): OD, TL, TUBES, PASS, WATER IN,
+  // WATER OUT, GPM, FF, IHFLOW, surface, MARGIN; 0 means not specified.
+  Array2D<float> CNDIN{kCondenserColumns, 11};
+
   // Condenser option block.
   Array1D<float> CNDOPT{25};
   Array1D<float> CNDOPT2{11};

@@ -8,6 +8,10 @@
 
 namespace kestrane {
 
+// The condenser input rows of a run: water in, water out at its limit, the
+// fouling factor of the input and a margin of 1; the rest not specified.
+void SetCondenserInputs(DesignContext& ctx);
+
 // Designs condenser `col` (3 C1, 2 C2, 1 AC) of a train of `nstages` stages.
 // dia1 and dia2 are the fallback vapor nozzles at its inlet and outlet.
 // err becomes 1 on a trapped failure; `warnings` collects the warning codes.

@@ -249,6 +249,7 @@ void DesignSystem(DesignContext& ctx) {
     EjectorDimensions(ctx, c);
   }
 
+  SetCondenserInputs(ctx);
   int n = 0;
   for (int col : {kCondC1, kCondC2, kCondAC}) {
     if (present[col - 1] <= 0) continue;

@@ -74,12 +74,12 @@ Pipe PipeLookup(const DesignContext& ctx, float dia) {
   return pipe;
 }
 
-Pipe PipeByNominal(const DesignContext& ctx, float nominal) {
+Pipe PipeByNominal(const DesignContext& ctx, float nominal, PipeRules rules) {
   const auto& pipes = ctx.data.constants.PIPETAB;
   Pipe pipe;
   pipe.nominal = nominal;
   const int16_t wanted = CInt(nominal * 100.0);
-  if (wanted > 2400) {
+  if (wanted > 2400 || (rules == PipeRules::kCondenser && wanted >= 2400)) {
     pipe.od = nominal;
     pipe.wall = 0.5f;
     return pipe;
@@ -95,14 +95,15 @@ Pipe PipeByNominal(const DesignContext& ctx, float nominal) {
   return pipe;
 }
 
-float PipeSize(const DesignContext& ctx, float flow, Pipe& pipe, float vmax, float minsize) {
+float PipeSize(const DesignContext& ctx, float flow, Pipe& pipe, float vmax, float minsize, PipeRules rules) {
   if (minsize <= 0) minsize = 0.5f;
-  if (Int(pipe.nominal * 100) > 0) {
-    pipe = PipeByNominal(ctx, pipe.nominal);
+  const bool given = rules == PipeRules::kEjector ? Int(pipe.nominal * 100) > 0 : CInt(pipe.nominal * 100.0) > 0;
+  if (given) {
+    pipe = PipeByNominal(ctx, pipe.nominal, rules);
   } else {
     const float dia = static_cast<float>(std::sqrt(Divide(flow * 144.0 * 4, 3.14159 * vmax)));
     pipe = PipeLookup(ctx, dia);
-    if (pipe.nominal < minsize) pipe = PipeByNominal(ctx, minsize);
+    if (pipe.nominal < minsize) pipe = PipeByNominal(ctx, minsize, rules);
   }
   const float id = (pipe.od - 2 * pipe.wall) / 12;
   return static_cast<float>(flow / (3.14159 * id * id / 4));

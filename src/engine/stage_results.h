@@ -14,15 +14,22 @@ struct Pipe {
   float wall = 0;
 };
 
+// The ejector and the condenser routines read the pipe table with two small
+// differences: a given size counts when Int(size * 100) (ejector) or
+// CInt(size * 100) (condenser) is above 0, and a nominal 24 is the table's row
+// (ejector) or a plain 24 in. pipe with a 0.5 in. wall (condenser).
+enum class PipeRules { kEjector, kCondenser };
+
 // The next standard pipe at or above an inside diameter (inches).
 Pipe PipeLookup(const DesignContext& ctx, float dia);
 // A pipe of a given nominal size.
-Pipe PipeByNominal(const DesignContext& ctx, float nominal);
+Pipe PipeByNominal(const DesignContext& ctx, float nominal, PipeRules rules = PipeRules::kEjector);
 
 // The pipe for a flow (ft3/s): the given nominal size, or the size that keeps
 // the velocity at vmax, at least `minsize` (0.5 when not positive). Returns
 // the velocity (ft/s) through it.
-float PipeSize(const DesignContext& ctx, float flow, Pipe& pipe, float vmax, float minsize);
+float PipeSize(const DesignContext& ctx, float flow, Pipe& pipe, float vmax, float minsize,
+               PipeRules rules = PipeRules::kEjector);
 
 // Allowed vapor velocity (ft/s) at p (mmHgA), t (degF) and molecular weight, within 100..400.
 float MaxVelocity(const DesignContext& ctx, float p, float t, float mw);
