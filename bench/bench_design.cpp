@@ -53,7 +53,7 @@ void BM_DesignCase(benchmark::State& state, const char* file) {
     benchmark::DoNotOptimize(dc.TOTALS(1));
   }
 }
-BENCHMARK_CAPTURE(BM_DesignCase, three_stage_solvents, "SOLVENT-LOADS-THREE-STAGE.JET")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_DesignCase, three_stage_three_surface_condensers, "SOLVENT-LOADS-THREE-STAGE.JET")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_DesignCase, three_stage_direct_contact, "THREE-STAGE-DIRECT-CONTACT.JET")
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_DesignCase, four_stage, "FOUR-STAGE-SURFACE.JET")->Unit(benchmark::kMillisecond);
