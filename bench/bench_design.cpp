@@ -1,4 +1,4 @@
-// Cost of one stage sizing and of whole designs of the example cases: three stages (the slowest) and four stages.
+// Cost of one stage sizing and of whole designs of the example cases: three stages (the slowest), four stages, and trains with a liquid ring pump.
 #include <benchmark/benchmark.h>
 
 #include "case/jet_file.h"
@@ -20,6 +20,8 @@ struct Loaded {
          ReadPsat(data.paths.DataFile(kVaporFile), data.vapors, ui);
     SetCurves(data.curves);
     SetConstants(data.constants);
+    ok = ok && ReadPumps(data.paths.DataFile(kPumpFile), data.pumps, ui);
+    SetPumpTables(data.pumps.tables);
   }
 };
 
@@ -48,7 +50,8 @@ void BM_DesignCase(benchmark::State& state, const char* file) {
     DesignCase dc;
     InputScreen s = screen;
     float pinterfix = 0;
-    DesignContext ctx{dc, d.data, s, pinterfix, d.ui};
+    RecordingUi ui;  // fresh each run: the progress texts would pile up
+    DesignContext ctx{dc, d.data, s, pinterfix, ui};
     RunDesign(ctx, s);
     benchmark::DoNotOptimize(dc.TOTALS(1));
   }
@@ -57,5 +60,7 @@ BENCHMARK_CAPTURE(BM_DesignCase, three_stage_three_surface_condensers, "SOLVENT-
 BENCHMARK_CAPTURE(BM_DesignCase, three_stage_direct_contact, "THREE-STAGE-DIRECT-CONTACT.JET")
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_DesignCase, four_stage, "FOUR-STAGE-SURFACE.JET")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_DesignCase, two_stage_liquid_ring_pump, "TWO-STAGE-LRVP.JET")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_DesignCase, liquid_ring_pump_alone, "LRVP-ONLY-50HZ.JET")->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -331,3 +331,23 @@ TEST_F(CommandLine, StageSizesOneEjector) {
   EXPECT_EQ(doc["failed"], 0);
   EXPECT_NEAR(doc["compressionRatio"].get<double>(), 4.0, 1e-4);
 }
+
+TEST_F(CommandLine, DesignOfAPumpTrainShowsThePumpAndCarriesItsTableRows) {
+  const fs::path examples = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles";
+  const CliRun text = Kestrane(Pgm() + "design '" + (examples / "TWO-STAGE-LRVP.JET").string() + "'");
+  ASSERT_EQ(text.exit_code, 0) << text.err;
+  EXPECT_NE(text.out.find("Liquid Ring Vacuum Pump"), std::string::npos);
+  EXPECT_NE(text.out.find("Seal Water (gpm)"), std::string::npos);
+  const CliRun r = Kestrane(Pgm() + "design '" + (examples / "TWO-STAGE-LRVP.JET").string() + "' '" +
+                            (examples / "LRVP-BEYOND-LIMITS.JET").string() + "' --json");
+  ASSERT_EQ(r.exit_code, 0) << r.err;
+  const auto docs = nlohmann::json::parse(r.out);
+  ASSERT_EQ(docs.size(), 2u);
+  EXPECT_EQ(docs[0]["LRVPERR"], 0);
+  ASSERT_EQ(docs[0]["LRVPRES"].size(), 18u);
+  EXPECT_EQ(docs[0]["LRVPRES"][0], docs[0]["STG"][0][4]) << "stage C's size is the pump's index";
+  EXPECT_EQ(docs[0]["pump_model"].get<std::string>().substr(0, 3), "LT-");
+  EXPECT_EQ(docs[1]["LRVPERR"], 1);
+  EXPECT_EQ(docs[1]["lblMessage"], "LRVP Error");
+  EXPECT_TRUE(docs[1]["pump_model"].is_null());
+}

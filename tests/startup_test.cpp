@@ -51,6 +51,19 @@ TEST_F(ProgramFolder, StartSequenceShowsEveryProgressTextInOrder) {
   EXPECT_EQ(kStartProgressTexts[6], "Reading User Data........................");
   EXPECT_EQ(session.data.curves.VELOCITYCURVE.hi1(), 17);
   EXPECT_EQ(session.data.constants.BAROTAB.hi1(), 39);
+  EXPECT_TRUE(session.data.pumps.loaded);
+  EXPECT_EQ(session.data.pumps.tables.discharge(4), 10.0f);
+}
+
+TEST_F(ProgramFolder, AMissingPumpCatalogueIsReportedAndTheStartGoesOn) {
+  std::filesystem::remove(dir / "pgmfiles" / "VPX.DTA");
+  Session session(PathsForProgram(dir));
+  RecordingUi ui;
+  EXPECT_TRUE(RunStartSequence(session, ui));
+  EXPECT_FALSE(session.data.pumps.loaded);
+  EXPECT_EQ(ui.statuses.size(), kStartProgressTexts.size());
+  ASSERT_FALSE(ui.notices.empty());
+  EXPECT_NE(ui.notices[0].find("VPX.DTA"), std::string::npos);
 }
 
 TEST_F(ProgramFolder, MissingUserInformationIsAskedForDuringLoadAndTheLoadGoesOn) {

@@ -111,6 +111,25 @@ const std::vector<Example> kExamples = {
        Condensible(s, 0, "WATER", "40");
        Gas(s, 0, "20", "29");
      }},
+    {"LRVP-ONLY-50HZ.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-110", "Liquid ring pump alone on 50 Hz power", "AE");
+       Main(s, "80", "90", "770", "150", "0", "68");
+       Stages(s, 4);
+       s.chkboxLRVP = 1;
+       s.OptionCycles = {0, -1};
+       Condensible(s, 0, "WATER", "60");
+       Gas(s, 0, "25", "29");
+     }},
+    {"LRVP-BEYOND-LIMITS.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-111", "Pump alone at 30 mmHgA with hot water: no pump can do it", "AE");
+       Main(s, "30", "100", "770", "150", "0", "95");
+       Stages(s, 4);
+       s.chkboxLRVP = 1;
+       Condensible(s, 0, "WATER", "20");
+       Gas(s, 0, "10", "29");
+     }},
     {"SOLVENT-LOADS-THREE-STAGE.JET",
      [](InputScreen& s) {
        Heading(s, "EJ-108", "Solvent recovery: methanol, acetone and toluene with nitrogen", "AE");

@@ -8,6 +8,7 @@
 #include "engine/stage_model.h"
 #include "properties/numeric.h"
 #include "properties/vb.h"
+#include "pump/pump_selection.h"
 
 namespace kestrane::cli {
 
@@ -30,7 +31,7 @@ nlohmann::json Singles(const std::vector<float>& values) {
   return out;
 }
 
-nlohmann::json CaseJson(const DesignCase& dc, const DesignOutcome& outcome, const CliUi& ui, const std::string& text) {
+nlohmann::json CaseJson(const DesignCase& dc, const PumpData& pumps, const DesignOutcome& outcome, const CliUi& ui, const std::string& text) {
   nlohmann::json doc;
   doc["input_error"] = outcome.input_error;
   doc["notices"] = ui.notices;
@@ -41,6 +42,13 @@ nlohmann::json CaseJson(const DesignCase& dc, const DesignOutcome& outcome, cons
   doc["HASC2"] = dc.HASC2;
   doc["HASAC"] = dc.HASAC;
   doc["LRVPERR"] = dc.LRVPERR;
+  // The chosen pump: the first column of LRVPRES, rows 1 to 18, and its model.
+  std::vector<float> pump;
+  for (int r = 1; r <= kLrvpCondensation; ++r) pump.push_back(dc.LRVPRES(r, 1));
+  doc["LRVPRES"] = Singles(pump);
+  const int chosen = CInt(dc.LRVPRES(kLrvpPump, 1));
+  doc["pump_model"] = chosen >= 1 && chosen <= kPumps ? nlohmann::json(Trim(pumps.pumps[static_cast<size_t>(chosen)].MODEL))
+                                                     : nlohmann::json(nullptr);
   doc["NLOADS"] = dc.NLOADS;
   doc["PINTERFIX"] = nullptr;
   for (int c = 1; c <= kStageColumns; ++c) {
@@ -100,7 +108,7 @@ int Design(const GlobalOptions& options, const DesignArgs& args) {
     if (outcome.results && session->data.internal_mode == 2) WriteGridCsv(grid, GridCsvPath(), ui);
     if (outcome.input_error != 0 && exit_code == kExitDone) exit_code = kExitRefused;
     if (args.json) {
-      nlohmann::json doc = CaseJson(dc, outcome, ui, text);
+      nlohmann::json doc = CaseJson(dc, session->data.pumps, outcome, ui, text);
       doc["case"] = file;
       doc["PINTERFIX"] = JsonSingle(session->PINTERFIX);
       if (args.grid) doc["grid"] = grid;

@@ -47,6 +47,8 @@ bool LoadDesignData(Session& session, Ui& ui) {
   if (!LoadSteamTable(session, ui) || !LoadVapors(session, ui)) return false;
   SetCurves(session.data.curves);
   SetConstants(session.data.constants);
+  ReadPumps(session.data.paths.DataFile(kPumpFile), session.data.pumps, ui);
+  SetPumpTables(session.data.pumps.tables);
   return true;
 }
 

@@ -181,6 +181,13 @@ struct DesignCase {
   int16_t KEEPWATER = 0, KEEPWATERC = 0, KEEPWATERP = 0;
   float LRVPFACTOR = 1.0f;
   float LRVPMLMIN = 1.1f;
+  // Pump options without an input of their own: the seal water option (1..3,
+  // picks the catalogue's seal flow), a seal flow in gpm that replaces the
+  // catalogue's for an explicitly chosen pump (0: none), and the two pump
+  // codes that raise the maximum power of some models.
+  int16_t SEALOPTION = 1;
+  float SEALFLOW = 0;
+  int16_t PUMPCODE = 0, PUMPCODE2 = 0;
 
   // Loads: load 1 is water vapor.
   int16_t NLOADS = 0;

@@ -13,31 +13,10 @@ namespace {
 
 constexpr float kLeastDrop = 0.0001f;
 
-// Vapor pressures of the loads at t: water from the steam table, the others by Antoine, gases 0.
-LoadVector VaporPressuresAt(CondenserRun& run, float t) {
-  const DesignCase& dc = run.ctx.dc;
-  LoadVector vp = NewLoadVector();
-  const Steam steam = run.ctx.steam();
-  const Vapors vapors = run.ctx.vapors();
-  for (int v = 1; v <= dc.NLOADS; ++v) {
-    if (dc.LOADCLASS(v) < 4) continue;
-    float p = 0;
-    if (v == 1) {
-      int16_t failed = 0;
-      SatPress(steam, t, p, failed);
-    } else {
-      int16_t flag = 0;
-      Antoine(vapors, static_cast<int16_t>(dc.LOADS(kLoadID, v)), t, p, flag);
-    }
-    vp(v) = p;
-  }
-  return vp;
-}
-
 // What is left of the loads after the split at (t, p).
 LoadVector Split(CondenserRun& run, const LoadVector& start, float t, float p) {
   LoadVector left = start;
-  LoadVector vp = VaporPressuresAt(run, t);
+  LoadVector vp = VaporPressuresAt(run.ctx, t);
   FlashLoads(run.ctx, left, vp, p, 1);
   return left;
 }
@@ -164,7 +143,7 @@ bool CondensingCurve(CondenserRun& run) {
     p -= dp;
     t -= i <= n1 ? step1 : step2;
     cv.TCSTEP[static_cast<size_t>(i)] = t;
-    const LoadVector vp = VaporPressuresAt(run, t);
+    const LoadVector vp = VaporPressuresAt(run.ctx, t);
     for (int v = 1; v <= dc.NLOADS; ++v) cv.VPSTEP(v, i) = vp(v);
     const LoadVector before = current;
     current = Split(run, before, t, p);

@@ -3,10 +3,11 @@
 
 #include <cmath>
 
+#include "engine/pump_search.h"
 #include "engine/stage_model.h"
+#include "engine/stage_trial.h"
 #include "properties/numeric.h"
 #include "properties/vb.h"
-#include "pump/pump_selection.h"
 
 namespace kestrane {
 
@@ -14,90 +15,6 @@ namespace {
 
 // A search that has not settled after this many candidates takes its best so far.
 constexpr int kMaxCandidates = 2000;
-
-// One stage as the search evaluates it.
-struct StageTrial {
-  float pin = 0, pout = 0, ve = 0, ts = 0, td = 0, motive = 0;
-  StageDesign design;
-};
-
-// Sizes a stage, its motive with the margin, and its discharge temperature by mass weighting.
-StageTrial TryStage(const DesignContext& ctx, float pin, float pout, float ve, float ts, float margin, bool last) {
-  const DesignCase& dc = ctx.dc;
-  StageTrial trial;
-  trial.pin = pin;
-  trial.pout = pout;
-  trial.ve = ve;
-  trial.ts = ts;
-  trial.design = DesignStage(ctx, pin, pout, dc.PMOTIVE, dc.TMOTIVE, ve);
-  const float ml = trial.design.ML;
-  trial.motive = last ? LastStageMotive(ml, ve) : ml * ve * margin;
-  const float tmix = MixTemperatureSource(ctx, dc.PMOTIVE, dc.TMOTIVE, pout);
-  trial.td = (ml * tmix + ts) / (ml + 1);
-  return trial;
-}
-
-void StoreStage(DesignCase& dc, int col, const StageTrial& trial) {
-  dc.STG(col, kStgPIN) = trial.pin;
-  dc.STG(col, kStgPOUT) = trial.pout;
-  dc.STG(col, kStgMOTIVE) = trial.motive;
-  dc.STG(col, kStgML) = trial.design.ML;
-  dc.STG(col, kStgSIZE) = trial.design.SIZE;
-  dc.STG(col, kStgTHROAT) = trial.design.THROAT;
-  dc.STG(col, kStgVE) = trial.ve;
-  dc.STG(col, kStgTS) = trial.ts;
-  dc.STG(col, kStgTD) = trial.td;
-  for (int k = 1; k <= 7; ++k) dc.VELFLAG(col, k) = 0;
-}
-
-void StoreLoads(DesignCase& dc, int col, const LoadVector& loads) {
-  for (int load = 1; load <= kMaxLoads; ++load) dc.STGLOAD(load, col) = loads(load);
-}
-
-LoadVector LoadsOf(const DesignCase& dc, int col) {
-  LoadVector loads = NewLoadVector();
-  for (int load = 1; load <= kMaxLoads; ++load) loads(load) = dc.STGLOAD(load, col);
-  return loads;
-}
-
-struct NextLoad {
-  float p2 = 0, ve2 = 0, t2 = 0;
-};
-
-// The load of the next stage: the stage's motive joins load 1; through the
-// condenser when present (5% pressure loss, flashed at its temperature),
-// else with 10% more steam counted for the equivalent only.
-NextLoad NextStageLoad(const DesignContext& ctx, LoadVector& loads, float pc, float motive, float td, bool condenser,
-                       int vp_row, float tsat) {
-  NextLoad next;
-  loads(1) += motive;
-  if (condenser) {
-    next.p2 = static_cast<float>(pc * 0.95);
-    LoadVector vp = FillVaporPressures(ctx, vp_row);
-    FlashLoads(ctx, loads, vp, next.p2, 1);
-    next.ve2 = VaporEquivalent(ctx, loads, tsat);
-    next.t2 = tsat;
-  } else {
-    next.p2 = pc;
-    const float extra = static_cast<float>(motive * 0.1);
-    loads(1) += extra;
-    next.ve2 = VaporEquivalent(ctx, loads, td);
-    loads(1) -= extra;
-    next.t2 = td;
-  }
-  return next;
-}
-
-// The pump as last stage: the catalogue decides; a failure ends the search.
-bool PumpStage(DesignContext& ctx, float pin, float pout, const LoadVector& loads) {
-  int16_t count = 0;
-  const int16_t outcome = AnalysePump(ctx, pin, static_cast<float>(pout / 51.7144 - 14.696), loads, 0, count);
-  if (outcome > 0) {
-    ctx.dc.LRVPERR = 1;
-    return false;
-  }
-  return true;
-}
 
 }  // namespace
 
@@ -110,14 +27,7 @@ void DesignSingleStage(DesignContext& ctx, float pin, float pout, float t, LoadV
   DesignCase& dc = ctx.dc;
   const float ve = VaporEquivalent(ctx, loads, t);
   if (dc.USELRVP == 1) {
-    if (!PumpStage(ctx, pin, pout, loads)) return;
-    dc.STG(kStageC, kStgPIN) = pin;
-    dc.STG(kStageC, kStgPOUT) = pout;
-    dc.STG(kStageC, kStgMOTIVE) = 0;
-    dc.STG(kStageC, kStgSIZE) = CInt(dc.LRVPRES(1, 1));
-    dc.STG(kStageC, kStgVE) = ve;
-    for (int k = 1; k <= 7; ++k) dc.VELFLAG(kStageC, k) = 0;
-    StoreLoads(dc, kStageC, loads);
+    PumpSingleStage(ctx, pin, pout, t, ve, loads);
     return;
   }
   const StageTrial c = TryStage(ctx, pin, pout, ve, t, kMarginC, true);
@@ -128,6 +38,10 @@ void DesignSingleStage(DesignContext& ctx, float pin, float pout, float t, LoadV
 void OptimizeTwoStage(DesignContext& ctx, float ve, float pin, float pout, float t, LoadVector& loads, float& best,
                       int16_t& err) {
   DesignCase& dc = ctx.dc;
+  if (dc.USELRVP == 1) {
+    PumpTwoStage(ctx, ve, pin, pout, t, loads, best, err);
+    return;
+  }
   const Steam steam = ctx.steam();
   err = 0;
   best = kNoBest;
@@ -144,22 +58,6 @@ void OptimizeTwoStage(DesignContext& ctx, float ve, float pin, float pout, float
     p0 = MaxOf(p0, pc2);
   }
   float s = 10.0f;
-  const bool pump = dc.USELRVP == 1;
-  if (pump) {
-    s = 0;
-    float pc2 = 0;
-    int16_t failed = 0;
-    SatPress(steam, dc.TWMAX(17) + 6, pc2, failed);
-    const float pg = static_cast<float>(std::sqrt(pout / pin) * pin);
-    p0 = (failed || dc.HASC2 == 0 || pg > pc2) ? pg : pc2;
-    RoundTo(p0, 1.0f);
-    if (p0 < pc2) {
-      ctx.ui.notice("Spec d interstage B-C too low (min= Tsat(C2) +15deg).  This is to avoid cavitation problems.");
-      p0 = pc2;
-      ctx.ui.notice("Continuing and will calculate interstage pressure...");
-    }
-  }
-
   float pb = p0 - s;
   int trend = 0;
   for (int candidate = 0; candidate < kMaxCandidates; ++candidate) {
@@ -173,12 +71,6 @@ void OptimizeTwoStage(DesignContext& ctx, float ve, float pin, float pout, float
     loads = LoadsOf(dc, kStageB);
     const StageTrial b = TryStage(ctx, pin, pb, ve, t, kMarginB, false);
     const NextLoad next = NextStageLoad(ctx, loads, pb, b.motive, b.td, dc.HASC2 > 0, kLoadVPC2, dc.TSATC2);
-    if (pump) {
-      if (!PumpStage(ctx, next.p2, pout, loads)) {
-        err = 1;
-        return;
-      }
-    }
     const StageTrial c = TryStage(ctx, next.p2, pout, next.ve2, next.t2, kMarginC, true);
     const float total = c.motive + b.motive;
     const float ratio = best / total;

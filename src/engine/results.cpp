@@ -8,6 +8,7 @@
 #include "properties/text_codec.h"
 #include "properties/vb.h"
 #include "properties/vb_file.h"
+#include "pump/pump_selection.h"
 
 namespace kestrane {
 
@@ -17,6 +18,8 @@ constexpr float kLbPerKg = 2.2045993805f;
 constexpr float kM3hPerGpm = 0.22712470704f;
 constexpr float kM2PerFt2 = 0.09290304f;
 constexpr float kPsiPerBar = 14.5037994385f;
+constexpr float kKwPerHp = 0.7457f;            // as the annual power cost takes it
+constexpr float kM3hPerCfm = 1.69901082f;      // 0.3048^3 m3/ft3 * 60 min/hr
 
 float Celsius(float f) { return static_cast<float>((f - 32) / 1.8); }
 
@@ -104,6 +107,27 @@ ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
          FormatFixed(metric ? Celsius(in) : in, 6.1f) + " / " + FormatFixed(metric ? Celsius(out) : out, 6.1f),
          FormatFixed(dc.CND(col, kCndDELTAP) / (metric ? kPsiPerBar : 1.0f), 6.1f)});
   }
+
+  r.show_pump = dc.USELRVP == 1 && dc.LRVPERR == 0 && CInt(dc.LRVPRES(kLrvpPump, 1)) >= 1;
+  if (r.show_pump) {
+    const PumpRecord& pump = ctx.data.pumps.pumps[static_cast<size_t>(CInt(dc.LRVPRES(kLrvpPump, 1)))];
+    const float power = metric ? kKwPerHp : 1.0f;
+    r.pump.title = "Liquid Ring Vacuum Pump";
+    r.pump.captions = {"Model                ",
+                       metric ? "Capacity (M3/hr)" : "Capacity (ACFM)",
+                       metric ? "Brake Power (KW)" : "Brake Power (hp)",
+                       metric ? "Motor (KW)" : "Motor (hp)",
+                       metric ? "Seal Water (M3/hr)" : "Seal Water (gpm)",
+                       metric ? "Seal Water Out (degC)" : "Seal Water Out (degF)"};
+    r.pump.heads = {""};
+    const float seal_out = dc.LRVPRES(kLrvpSealOut, 1);
+    r.pump.columns = {{Trim(pump.MODEL),
+                       FormatFixed(dc.LRVPRES(kLrvpCapacity, 1) * (metric ? kM3hPerCfm : 1.0f), 8.0f),
+                       FormatFixed(dc.LRVPRES(kLrvpPower, 1) * power, 8.1f),
+                       FormatFixed(dc.LRVPRES(kLrvpMotor, 1) * power, 8.1f),
+                       FormatFixed(dc.LRVPRES(kLrvpSeal, 1) * (metric ? kM3hPerGpm : 1.0f), 8.1f),
+                       FormatFixed(metric ? Celsius(seal_out) : seal_out, 8.1f)}};
+  }
   return r;
 }
 
@@ -137,6 +161,7 @@ std::string ResultsText(const ResultsScreen& screen) {
   block(screen.utilities);
   block(screen.ejectors);
   if (screen.show_condensers) block(screen.condensers);
+  if (screen.show_pump) block(screen.pump);
   return text;
 }
 

@@ -22,6 +22,8 @@ struct ResultsScreen {
   ResultsBlock ejectors;    // from the highest stage down to C
   ResultsBlock condensers;  // in the order of flow: C1, C2, AC
   bool show_condensers = false;
+  ResultsBlock pump;  // the liquid ring pump of stage C
+  bool show_pump = false;
 };
 
 // The three blocks after a good run, in metric units when asked.

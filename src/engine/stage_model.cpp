@@ -79,6 +79,26 @@ LoadVector FillVaporPressures(const DesignContext& ctx, int row) {
   return vp;
 }
 
+LoadVector VaporPressuresAt(const DesignContext& ctx, float t) {
+  const DesignCase& dc = ctx.dc;
+  LoadVector vp = NewLoadVector();
+  const Steam steam = ctx.steam();
+  const Vapors vapors = ctx.vapors();
+  for (int v = 1; v <= dc.NLOADS; ++v) {
+    if (dc.LOADCLASS(v) < 4) continue;
+    float p = 0;
+    if (v == 1) {
+      int16_t failed = 0;
+      SatPress(steam, t, p, failed);
+    } else {
+      int16_t flag = 0;
+      Antoine(vapors, static_cast<int16_t>(dc.LOADS(kLoadID, v)), t, p, flag);
+    }
+    vp(v) = p;
+  }
+  return vp;
+}
+
 void FlashLoads(const DesignContext& ctx, LoadVector& loads, LoadVector& vp, float p, int flag) {
   const DesignCase& dc = ctx.dc;
   const int n = dc.NLOADS;

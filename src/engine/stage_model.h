@@ -14,6 +14,9 @@ float VaporEquivalent(const DesignContext& ctx, const LoadVector& loads, float t
 // Vapor pressures of the loads at one condenser: row 3 (C1), 4 (C2) or 5 (AC) of LOADS.
 LoadVector FillVaporPressures(const DesignContext& ctx, int row);
 
+// Vapor pressures (mmHgA) of the loads at t (degF): water from the steam table, the vapors by Antoine, gases 0.
+LoadVector VaporPressuresAt(const DesignContext& ctx, float t);
+
 // Dalton's law at total pressure p (mmHgA): the vapor that leaves a condenser.
 // flag 1 keeps water in the gas as a direct contact condenser does
 // (KEEPWATERC), any other flag as a pump's seal water does (KEEPWATERP).

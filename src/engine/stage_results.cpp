@@ -174,7 +174,7 @@ void StageVelocities(DesignContext& ctx, int n) {
     Pipe suction, discharge;
     if (!pump) ConnectionsFromSize(ctx, dc.STG(c, kStgSIZE), suction.nominal, discharge.nominal);
     const float vels = PipeSize(ctx, fs, suction, vmaxs, 1.5f);
-    const float veld = PipeSize(ctx, fd, discharge, vmaxd, 1.5f);
+    const float veld = pump ? 0.0f : PipeSize(ctx, fd, discharge, vmaxd, 1.5f);  // a pump's discharge is its own
     dc.VELFLAG(c, 6) = vels > vmaxs ? 1 : 0;
     dc.VELFLAG(c, 7) = veld > vmaxd ? 1 : 0;
     dc.STG(c, kStgDIAS) = suction.nominal;

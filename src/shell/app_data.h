@@ -3,6 +3,7 @@
 
 #include "properties/steam.h"
 #include "properties/vapors.h"
+#include "pump/pump_data.h"
 #include "shell/constants.h"
 #include "shell/paths.h"
 #include "shell/user_info.h"
@@ -16,6 +17,7 @@ struct AppData {
   VaporData vapors;
   UserVapors user_vapors;
   Constants constants;
+  PumpData pumps;
   UserInfo USERINFO{kUserInfoRows};
   UserInfoRead userinfo_state = UserInfoRead::kMissing;
   // The internal mode, the first value of the pricing configuration; 2 also

@@ -21,10 +21,13 @@ bool RunStartSequence(Session& session, Ui& ui) {
 
   ui.status(std::string(kStartProgressTexts[3]));
   SetConstants(data.constants);
+  ReadPumps(data.paths.DataFile(kPumpFile), data.pumps, ui);
 
-  // Drawing text and pump tables: their readers are not part of this program yet.
+  // Drawing text: its reader is not part of this program yet.
   ui.status(std::string(kStartProgressTexts[4]));
+
   ui.status(std::string(kStartProgressTexts[5]));
+  SetPumpTables(data.pumps.tables);
 
   ui.status(std::string(kStartProgressTexts[6]));
   data.userinfo_state = ReadUserInfo(data.paths.DataFile(kUserInfoFile), data.USERINFO, ui);
