@@ -404,6 +404,8 @@ TEST_F(PumpTrain, APumpAloneIsTheLeastPowerOfThoseKept) {
   ASSERT_TRUE(results.show_pump);
   EXPECT_EQ(results.pump.columns[0][0], Trim(pump.MODEL));
   EXPECT_NE(ResultsText(results).find("Liquid Ring Vacuum Pump"), std::string::npos);
+  EXPECT_EQ(results.ejectors.columns[0][0], "C-" + Trim(GeneralText(dc.STG(kStageC, kStgSIZE))).substr(0, 1) + "LRVP");
+  EXPECT_EQ(DebuggerGrid(ctx)[0][kStageC], " <-LRVP---->");
 }
 
 TEST_F(PumpTrain, ConditionsNoPumpCanMeetEndWithTheLrvpErrorAndTheProgramGoesOn) {

@@ -187,6 +187,7 @@ std::vector<std::vector<std::string>> DebuggerGrid(const DesignContext& ctx) {
   std::vector<std::vector<std::string>> grid(161, std::vector<std::string>(kColumns));
   const char* cond_titles[] = {" <------ AC ------>", " <------ C2 ------>", " <------ C1 ------>"};
   grid[0] = {"", " <-C------->", " <-B------->", " <-A------->", " <-AA------>", " <-AAA----->"};
+  if (dc.USELRVP == 1) grid[0][kStageC] = " <-LRVP---->";  // the pump's column
   grid[0].resize(kColumns);
   for (size_t k = 0; k < 3; ++k) grid[0][7 + k] = grid[0][11 + k] = cond_titles[k];
   size_t row = 1;
