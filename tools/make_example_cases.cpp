@@ -1,4 +1,4 @@
-// Writes the example design cases of usrfiles/ through the case file writer, so that they stand exactly as the program saves them.
+// Writes the example design and thermo compressor cases of usrfiles/ through the case file writers, so that they stand exactly as the program saves them.
 #include <cstdio>
 #include <filesystem>
 #include <functional>
@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "case/jet_file.h"
+#include "thermo/tc_file.h"
 
 namespace {
 
@@ -156,6 +157,37 @@ const std::vector<Example> kExamples = {
      }},
 };
 
+// Thermo compressor cases: suction psia and degF (0 saturated), discharge psia,
+// motive psig and degF, load lb/hr; metric ones in bar (a), degC, bar (g), kg/hr.
+struct TcExample {
+  const char* file;
+  const char* heading[3];
+  bool metric;
+  const char* values[6];
+};
+
+const std::vector<TcExample> kTcExamples = {
+    {"TC-LOW-RATIO.TTC", {"TC-201", "Flash steam 20 psia recompressed to 23 psia", "AE"}, false,
+     {"20", "0", "23", "150", "0", "5000"}},
+    {"TC-MEDIUM-RATIO.TTC", {"TC-202", "Evaporator vapor 10 psia to 15 psia, superheated motive", "AE"}, false,
+     {"10", "0", "15", "150", "400", "3000"}},
+    {"TC-METRIC-HIGH-RATIO.TTC", {"TC-203", "Dryer exhaust 0.4 bar (a) to 1.2 bar (a), metric entry", "AE"}, true,
+     {"0.4", "0", "1.2", "10", "0", "1000"}},
+};
+
+bool WriteTcExamples(const std::filesystem::path& folder, kestrane::Ui& ui) {
+  for (const TcExample& example : kTcExamples) {
+    kestrane::TCInputScreen screen;
+    for (size_t i = 0; i < 3; ++i) screen.txtHeadingInput[i] = example.heading[i];
+    if (example.metric) kestrane::SelectTcUnits(screen, 1);
+    for (int row = 0; row < kestrane::kTcInputs; ++row) {
+      kestrane::EditTcInput(screen, row, example.metric, example.values[row]);
+    }
+    if (!kestrane::WriteTCFile(folder / example.file, screen, ui)) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -173,6 +205,10 @@ int main(int argc, char** argv) {
       std::fprintf(stderr, "%s: %s\n", example.file, ui.notices.back().c_str());
       return 1;
     }
+  }
+  if (!WriteTcExamples(folder, ui)) {
+    std::fprintf(stderr, "%s\n", ui.notices.back().c_str());
+    return 1;
   }
   return 0;
 }

@@ -23,6 +23,7 @@ int main(int argc, char** argv) {
   cli::AddUdvCommand(app, options, exit_code);
   cli::AddCheckCommand(app, options, exit_code);
   cli::AddDesignCommands(app, options, exit_code);
+  cli::AddTcCommand(app, options, exit_code);
 
   try {
     app.parse(argc, argv);

@@ -10,9 +10,6 @@ namespace kestrane {
 
 namespace {
 
-// What a box holds, for its unit conversion.
-enum class Quantity { kNone, kPressureMmHg, kTemperature, kMotiveTemperature, kPressurePsig, kFouling, kFlow };
-
 Quantity QuantityOf(BoxRef box) {
   switch (box.group) {
     case BoxGroup::kInput:
@@ -37,25 +34,6 @@ Quantity QuantityOf(BoxRef box) {
 
 bool IsMetricGroup(BoxGroup g) {
   return g == BoxGroup::kInputA || g == BoxGroup::kCpphA || g == BoxGroup::kNCpphA || g == BoxGroup::kDesignA;
-}
-
-// Standard to metric, or back.
-float Convert(Quantity q, float v, bool to_metric) {
-  switch (q) {
-    case Quantity::kPressureMmHg: return to_metric ? static_cast<float>(v / 7.5) : static_cast<float>(v * 7.5);
-    case Quantity::kMotiveTemperature:
-      if (v == 0) return 0;  // 0 means dry and saturated on both sides
-      [[fallthrough]];
-    case Quantity::kTemperature:
-      return to_metric ? static_cast<float>((v - 32) / 1.8) : static_cast<float>(v * 1.8 + 32);
-    case Quantity::kPressurePsig:
-      return to_metric ? static_cast<float>(v / 14.5037994385) : static_cast<float>(v * 14.5037994385);
-    case Quantity::kFouling:
-      return to_metric ? static_cast<float>(v / 4.8824272156) : static_cast<float>(v * 4.8824272156);
-    case Quantity::kFlow: return to_metric ? static_cast<float>(v / 2.2045993805) : static_cast<float>(v * 2.2045993805);
-    case Quantity::kNone: return v;
-  }
-  return v;
 }
 
 float StandardValue(BoxRef box, const std::string& text) {
@@ -91,6 +69,25 @@ void Select(InputScreen& screen, std::array<int16_t, N>& group, int index) {
 }
 
 }  // namespace
+
+float Convert(Quantity q, float v, bool to_metric) {
+  switch (q) {
+    case Quantity::kPressureMmHg: return to_metric ? static_cast<float>(v / 7.5) : static_cast<float>(v * 7.5);
+    case Quantity::kMotiveTemperature:
+      if (v == 0) return 0;  // 0 means dry and saturated on both sides
+      [[fallthrough]];
+    case Quantity::kTemperature:
+      return to_metric ? static_cast<float>((v - 32) / 1.8) : static_cast<float>(v * 1.8 + 32);
+    case Quantity::kPressurePsig:
+      return to_metric ? static_cast<float>(v / 14.5037994385) : static_cast<float>(v * 14.5037994385);
+    case Quantity::kFouling:
+      return to_metric ? static_cast<float>(v / 4.8824272156) : static_cast<float>(v * 4.8824272156);
+    case Quantity::kFlow: return to_metric ? static_cast<float>(v / 2.2045993805) : static_cast<float>(v * 2.2045993805);
+    case Quantity::kNone: return v;
+  }
+  return v;
+}
+
 
 std::optional<InputLimit> MainInputLimit(int row) {
   switch (row) {

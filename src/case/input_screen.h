@@ -31,6 +31,14 @@ enum ListBox : int {
   kListBoxCount
 };
 
+// What a box holds, for its unit conversion. A motive temperature of 0 (dry
+// and saturated) stays 0 on both sides.
+enum class Quantity { kNone, kPressureMmHg, kTemperature, kMotiveTemperature, kPressurePsig, kFouling, kFlow };
+
+// Standard to metric, or back: mmHg and kPa, degF and degC, psi and bar,
+// hr-ft2-F/Btu and hr-m2-C/kcal, lb/hr and kg/hr.
+float Convert(Quantity q, float v, bool to_metric);
+
 // Name and fixed entries of a list box.
 struct ListBoxDef {
   std::string_view name;

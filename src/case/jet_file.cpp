@@ -4,47 +4,11 @@
 #include <bit>
 #include <cstdint>
 
-#include "properties/vb.h"
-#include "properties/vb_file.h"
+#include "case/case_file_io.h"
 
 namespace kestrane {
 
 namespace {
-
-// Reading: a Text is a whole line; a Number is a line holding one number,
-// blanks around it allowed.
-class CaseReader {
- public:
-  explicit CaseReader(const std::filesystem::path& path) : file_(path) {}
-  std::string Text() { return file_.LineInput(); }
-  float Number() {
-    const std::string text = Trim(file_.LineInput());
-    if (!IsNumeric(text) || text.find(',') != std::string::npos) throw VbError(13);
-    return static_cast<float>(Val(text));
-  }
-  int16_t Option() { return Number() != 0 ? int16_t{-1} : int16_t{0}; }
-  int16_t Check() { return CInt(Number()); }
-  int16_t ListIndex(ListBox box) {
-    const int16_t index = CInt(Number());
-    const auto count = static_cast<int16_t>(ListBoxDefinition(box).entries.size());
-    if (index < -1 || index >= count) throw VbError(380);
-    return index;
-  }
-
- private:
-  TextInput file_;
-};
-
-class CaseWriter {
- public:
-  explicit CaseWriter(const std::filesystem::path& path) : file_(path) {}
-  void Text(const std::string& text) { file_.PrintLine(text); }
-  void Number(float value) { file_.PrintLine(Str(value)); }
-  void Commit() const { file_.Commit(); }
-
- private:
-  TextOutput file_;
-};
 
 // The part of both layouts from the condenser types' tail to the design pairs.
 void ReadMiddle(CaseReader& in, InputScreen& s) {
@@ -78,7 +42,7 @@ void ReadCurrent(CaseReader& in, InputScreen& s) {
   for (auto& c : s.txtCost) c = in.Text();
   for (auto& o : s.OptionCondenserType) o = in.Option();
   ReadMiddle(in, s);
-  for (int box = 0; box < kListBoxCount; ++box) s.lists[static_cast<size_t>(box)] = in.ListIndex(static_cast<ListBox>(box));
+  for (int box = 0; box < kListBoxCount; ++box) s.lists[static_cast<size_t>(box)] = in.ListIndex(ListBoxDefinition(static_cast<ListBox>(box)).entries.size());
   for (auto& o : s.OptionOptimize) o = in.Option();
 }
 
@@ -102,7 +66,7 @@ void ReadOlder(CaseReader& in, InputScreen& s) {
   ReadMiddle(in, s);
   s.txtCID[0] = "WATER";
   // The layout ends behind the condenser code.
-  for (int box = 0; box <= kCNDCode; ++box) s.lists[static_cast<size_t>(box)] = in.ListIndex(static_cast<ListBox>(box));
+  for (int box = 0; box <= kCNDCode; ++box) s.lists[static_cast<size_t>(box)] = in.ListIndex(ListBoxDefinition(static_cast<ListBox>(box)).entries.size());
   s.lists[kReturnHead] = 0;
   s.lists[kInletHead] = 0;
   s.OptionOptimize = {-1, 0};

@@ -223,12 +223,16 @@ StageDesign DesignStage(const DesignContext& ctx, float pin, float pout, float p
   const float vth = MinOf(0.9f * c, jet.mixVelocity);
   st.THROAT = static_cast<float>(std::sqrt(q / 3600 / vth * 144 * 4 / 3.14159));
   st.THROAT = static_cast<float>(pout > 700 ? st.THROAT / 1.1 : st.THROAT / 1.05);
-  int16_t status = 0, xcol = 1;
-  float correction = 0;
-  TableInterp(ctx.data.constants.THROATCORR, 32, 2, st.THROAT, status, xcol, 2, correction);
-  st.ML *= correction;
+  st.ML *= ThroatCorrection(ctx, st.THROAT);
   st.SIZE = SizeFromThroat(ctx, st.THROAT);
   return st;
+}
+
+float ThroatCorrection(const DesignContext& ctx, float throat) {
+  int16_t status = 0, xcol = 1;
+  float correction = 0;
+  TableInterp(ctx.data.constants.THROATCORR, 32, 2, throat, status, xcol, 2, correction);
+  return correction;
 }
 
 float SizeFromThroat(const DesignContext& ctx, float throat) {

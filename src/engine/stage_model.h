@@ -39,6 +39,9 @@ struct StageDesign {
 };
 StageDesign DesignStage(const DesignContext& ctx, float pin, float pout, float pmotive, float tmotive, float ve);
 
+// Correction of the motive ratio for the throat diameter (inches): small jets do worse than the balance says.
+float ThroatCorrection(const DesignContext& ctx, float throat);
+
 // Model size from throat diameter.
 float SizeFromThroat(const DesignContext& ctx, float throat);
 

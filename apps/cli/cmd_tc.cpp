@@ -1,0 +1,71 @@
+// kestrane tc CASE.TTC: checks and designs a thermo compressor case.
+#include <cstdio>
+
+#include "case/input_screen.h"
+#include "cli.h"
+#include "thermo/tc_file.h"
+#include "thermo/thermo_compressor.h"
+
+namespace kestrane::cli {
+
+namespace {
+
+struct TcArgs {
+  std::string file;
+  bool json = false;
+  bool grid = false;
+};
+
+int Tc(const GlobalOptions& options, const TcArgs& args) {
+  auto session = MakeSession(options);
+  CliUi ui(args.json);
+  if (!LoadDesignData(*session, ui)) return kExitUsage;
+  TCInputScreen screen;
+  if (!OpenTCFile(args.file, screen, ui)) {
+    if (args.json) PrintJson({{"case", args.file}, {"notices", ui.notices}});
+    return kExitUsage;
+  }
+  DesignCase& dc = session->design;
+  TcInput tcin;
+  const int16_t err = CheckTCInput(screen, dc, tcin, Steam{session->data.steam, ui}, ui);
+  TcOutcome outcome;
+  std::string text;
+  if (err == 0) {
+    const InputScreen design_screen = NewCase();
+    DesignContext ctx{dc, session->data, design_screen, session->PINTERFIX, ui};
+    outcome = DesignThermoCompressor(ctx, tcin);
+    text = TcResultsText(FillTCResults(dc, screen.Metric()));
+  }
+  if (args.json) {
+    nlohmann::json doc{{"case", args.file}, {"input_error", err}, {"notices", ui.notices}};
+    if (err == 0) {
+      doc["STG"] = nlohmann::json::array();
+      for (int r = 1; r <= kStageRows; ++r) doc["STG"].push_back(JsonSingle(dc.STG(1, r)));
+      doc["TYPE"] = outcome.TYPE;
+      doc["compressionRatio"] = JsonSingle(outcome.compressionRatio);
+      doc["settled"] = outcome.settled;
+      doc["results_text"] = text;
+    }
+    PrintJson(doc);
+    return err == 0 ? kExitDone : kExitRefused;
+  }
+  if (err != 0) return kExitRefused;
+  std::printf("%s", text.c_str());
+  if (args.grid) {
+    for (const auto& [label, value] : TcDebuggerGrid(dc)) std::printf("%s%s\n", label.c_str(), value.c_str());
+  }
+  return kExitDone;
+}
+
+}  // namespace
+
+void AddTcCommand(CLI::App& app, const GlobalOptions& options, int& exit_code) {
+  auto args = std::make_shared<TcArgs>();
+  auto* tc = app.add_subcommand("tc", "Check and design a thermo compressor case");
+  tc->add_option("CASE", args->file, "Thermo compressor case file (.TTC)")->required();
+  tc->add_flag("--json", args->json, "Print the check, STG column 1 and the body type as JSON");
+  tc->add_flag("--grid", args->grid, "Print the debugger grid as well");
+  tc->callback([&options, &exit_code, args] { exit_code = Tc(options, *args); });
+}
+
+}  // namespace kestrane::cli

@@ -1,0 +1,81 @@
+// The TTC case file of the thermo compressor: headings, value pairs, units and lists, one value a line.
+#include "thermo/tc_file.h"
+
+#include "case/case_file_io.h"
+
+namespace kestrane {
+
+namespace {
+
+constexpr float kTcFileVersion = 2.01f;
+
+std::string Trapped(std::string_view routine, const VbError& e) {
+  return std::string(routine) + " " + std::to_string(e.number()) + " " + e.description();
+}
+
+}  // namespace
+
+bool ReadTCFile(const std::filesystem::path& path, TCInputScreen& screen, Ui& ui) {
+  try {
+    CaseReader in(path);
+    in.Number();  // the version
+    for (auto& h : screen.txtHeadingInput) h = in.Text();
+    for (size_t r = 0; r < kTcInputs; ++r) {
+      screen.txtInput[r] = in.Text();
+      screen.txtInputA[r] = in.Text();
+    }
+    for (auto& o : screen.OptionUnits) o = in.Option();
+    for (int list = 0; list < kTcListCount; ++list) {
+      screen.lists[static_cast<size_t>(list)] = in.ListIndex(TcListDefinition(static_cast<TcList>(list)).entries.size());
+    }
+  } catch (const VbError& e) {
+    ui.notice(Trapped("ReadTCFile Error:", e));
+    return false;
+  }
+  screen.TCDIRTY = 0;
+  return true;
+}
+
+bool WriteTCFile(const std::filesystem::path& path, TCInputScreen& screen, Ui& ui) {
+  try {
+    CaseWriter out(path);
+    out.Number(kTcFileVersion);
+    for (const auto& h : screen.txtHeadingInput) out.Text(h);
+    for (size_t r = 0; r < kTcInputs; ++r) {
+      out.Text(screen.txtInput[r]);
+      out.Text(screen.txtInputA[r]);
+    }
+    for (int16_t o : screen.OptionUnits) out.Number(o);
+    for (int16_t index : screen.lists) out.Number(index);
+    out.Commit();
+  } catch (const VbError& e) {
+    ui.notice(Trapped("WriteTCFile Error:", e));
+    return false;
+  }
+  screen.TCDIRTY = 0;
+  return true;
+}
+
+bool OpenTCFile(const std::filesystem::path& path, TCInputScreen& screen, Ui& ui) {
+  screen.TCUSERCASE = path.string();
+  screen.TCCASENAME = path.filename().string();
+  return ReadTCFile(path, screen, ui);
+}
+
+bool SaveTCFileAs(const std::filesystem::path& path, TCInputScreen& screen, Ui& ui) {
+  screen.TCUSERCASE = path.string();
+  screen.TCCASENAME = path.filename().string();
+  return WriteTCFile(path, screen, ui);
+}
+
+StoreDecision CheckToStoreTCFile(TCInputScreen& screen, Ui& ui) {
+  if (screen.TCDIRTY == 0) return StoreDecision::kUnchanged;
+  const std::string question = screen.TCCASENAME.empty()
+                                   ? std::string("Save file?")
+                                   : "The file \"" + screen.TCCASENAME + "\" has been changed!\r\nDo you want to save changes?";
+  if (!ui.ask(question, "Thermo Compressor")) return StoreDecision::kDeclined;
+  if (screen.TCUSERCASE.empty()) return StoreDecision::kNeedsName;
+  return WriteTCFile(screen.TCUSERCASE, screen, ui) ? StoreDecision::kSaved : StoreDecision::kSaveFailed;
+}
+
+}  // namespace kestrane
