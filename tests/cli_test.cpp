@@ -351,3 +351,23 @@ TEST_F(CommandLine, DesignOfAPumpTrainShowsThePumpAndCarriesItsTableRows) {
   EXPECT_EQ(docs[1]["lblMessage"], "LRVP Error");
   EXPECT_TRUE(docs[1]["pump_model"].is_null());
 }
+
+TEST_F(CommandLine, TcDesignsAThermoCompressorCaseAndRefusesABadOne) {
+  const fs::path example = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles" / "TC-MEDIUM-RATIO.TTC";
+  const CliRun r = Kestrane(Pgm() + "tc '" + example.string() + "' --json");
+  ASSERT_EQ(r.exit_code, 0) << r.err;
+  const auto doc = nlohmann::json::parse(r.out);
+  EXPECT_EQ(doc["input_error"], 0);
+  ASSERT_EQ(doc["STG"].size(), 60u);
+  EXPECT_EQ(doc["TYPE"], 9);
+  EXPECT_EQ(doc["STG"][0].get<double>(), 10.0);
+  EXPECT_GT(doc["STG"][2].get<double>(), 0.0);
+  const CliRun text = Kestrane(Pgm() + "tc '" + example.string() + "' --grid");
+  EXPECT_NE(text.out.find("Motive FLow (#/hr)"), std::string::npos);
+  std::string bad = "2.01\r\nI\r\nD\r\nE\r\n26\r\n\r\n0\r\n\r\n30\r\n\r\n150\r\n\r\n0\r\n\r\n100\r\n\r\n-1\r\n0\r\n";
+  bad += "0\r\n0\r\n0\r\n0\r\n0\r\n";
+  kestrane::testing::WriteBytes(dir / "BAD.TTC", bad);
+  const CliRun refused = Kestrane(Pgm() + "tc '" + (dir / "BAD.TTC").string() + "'");
+  EXPECT_EQ(refused.exit_code, 1);
+  EXPECT_NE(refused.err.find("Suction pressure outside the range: (3.8 - 10. psia)"), std::string::npos);
+}

@@ -24,7 +24,12 @@ bool ReadTCFile(const std::filesystem::path& path, TCInputScreen& screen, Ui& ui
       screen.txtInput[r] = in.Text();
       screen.txtInputA[r] = in.Text();
     }
-    for (auto& o : screen.OptionUnits) o = in.Option();
+    // Turning a button on turns the other off, so of two buttons both on in a file the second wins.
+    for (size_t i = 0; i < screen.OptionUnits.size(); ++i) {
+      const int16_t on = in.Option();
+      if (on != 0) screen.OptionUnits = {0, 0};
+      screen.OptionUnits[i] = on;
+    }
     for (int list = 0; list < kTcListCount; ++list) {
       screen.lists[static_cast<size_t>(list)] = in.ListIndex(TcListDefinition(static_cast<TcList>(list)).entries.size());
     }
