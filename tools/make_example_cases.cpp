@@ -1,4 +1,4 @@
-// Writes the example design and thermo compressor cases of usrfiles/ through the case file writers, so that they stand exactly as the program saves them.
+// Writes the example design, thermo compressor and calculator cases of usrfiles/ through the case file writers, so that they stand exactly as the program saves them.
 #include <cstdio>
 #include <filesystem>
 #include <functional>
@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "case/jet_file.h"
+#include "calculators/nupreir.h"
+#include "calculators/pressure_drop.h"
 #include "thermo/tc_file.h"
 
 namespace {
@@ -188,6 +190,36 @@ bool WriteTcExamples(const std::filesystem::path& folder, kestrane::Ui& ui) {
   return true;
 }
 
+// Pressure drop cases, one per method, and a calculator sheet.
+bool WriteCalculatorExamples(const std::filesystem::path& folder, kestrane::Ui& ui) {
+  kestrane::DpScreen hei;
+  // 150 lb/hr of air at 100 F and 50 mmHgA through 40 ft of 6 in. line with elbows, a tee and a check valve.
+  const char* hei_fields[] = {"150", "100", "0", "", "50", "6.065", "40", "1", "4", "0", "1", "0", "0", "1", "0", "0",
+                              "0", "0", "0"};
+  for (int k = 1; k <= kestrane::kDpFields; ++k) hei.txtEV[static_cast<size_t>(k)] = hei_fields[k - 1];
+  kestrane::DpScreen tessel;
+  tessel.hei = false;
+  // 80 lb/hr of a solvent-laden gas (MW 45, 0.012 cP) at 120 F and 100 mmHgA through 25 m of 100 mm line, metric.
+  tessel.standard = false;
+  const char* tessel_fields[] = {"36.3", "48.9", "45", "0.012", "100", "100", "25", "1", "0", "0", "0", "0", "0", "0",
+                                 "0", "0", "2", "3", "0"};
+  for (int k = 1; k <= kestrane::kDpFields; ++k) tessel.txtEV[static_cast<size_t>(k)] = tessel_fields[k - 1];
+  kestrane::NupreirScreen sheet;
+  sheet.variables[0] = {"W", "150"};
+  sheet.variables[1] = {"MW", "29"};
+  sheet.variables[2] = {"P", "50"};
+  sheet.variables[3] = {"T", "100"};
+  sheet.expression = "(W/60*379/MW)*(760/P)*((T+460)/520)";
+  if (!kestrane::Evaluate(sheet, ui)) return false;
+  kestrane::PreCalc(sheet);
+  sheet.expression = "sqr(2)*sin(45)";
+  if (!kestrane::Evaluate(sheet, ui)) return false;
+  kestrane::PreCalc(sheet);
+  return kestrane::WriteDpFile(folder / "LINE-LOSS-HEI.TDP", hei, ui) &&
+         kestrane::WriteDpFile(folder / "LINE-LOSS-FORMULA-METRIC.TDP", tessel, ui) &&
+         kestrane::WriteGoFigure(folder / "INLET-VOLUME.GFR", sheet, ui);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -206,7 +238,7 @@ int main(int argc, char** argv) {
       return 1;
     }
   }
-  if (!WriteTcExamples(folder, ui)) {
+  if (!WriteTcExamples(folder, ui) || !WriteCalculatorExamples(folder, ui)) {
     std::fprintf(stderr, "%s\n", ui.notices.back().c_str());
     return 1;
   }

@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
   cli::AddCheckCommand(app, options, exit_code);
   cli::AddDesignCommands(app, options, exit_code);
   cli::AddTcCommand(app, options, exit_code);
+  cli::AddCalculatorCommands(app, options, exit_code);
 
   try {
     app.parse(argc, argv);

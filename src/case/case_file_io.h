@@ -15,6 +15,12 @@ class CaseReader {
  public:
   explicit CaseReader(const std::filesystem::path& path) : file_(path) {}
   std::string Text() { return file_.LineInput(); }
+  // The next line, or false at the end of the file.
+  bool TryText(std::string& line) {
+    if (file_.Eof()) return false;
+    line = file_.LineInput();
+    return true;
+  }
   float Number() {
     const std::string text = Trim(file_.LineInput());
     if (!IsNumeric(text) || text.find(',') != std::string::npos) throw VbError(13);

@@ -29,6 +29,7 @@ std::string ErrorText(int number) {
     case 75: return "Path/File access error";
     case 76: return "Path not found";
     case 380: return "Invalid property value";
+    case 457: return "This key is already associated with an element of this collection";
     default: return "Application-defined or object-defined error";
   }
 }
@@ -134,6 +135,7 @@ const char* const kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
 }  // namespace
 
 VbError::VbError(int number) : std::runtime_error(ErrorText(number)), number_(number) {}
+VbError::VbError(int number, const std::string& text) : std::runtime_error(text), number_(number) {}
 
 int16_t CInt(double x) {
   // nearbyint rounds half to even in the default rounding mode.

@@ -16,6 +16,8 @@ namespace kestrane {
 class VbError : public std::runtime_error {
  public:
   explicit VbError(int number);
+  // An error raised by the program itself, with its own number and text.
+  VbError(int number, const std::string& text);
   int number() const { return number_; }
   // The error's description, e.g. "Overflow".
   std::string description() const { return what(); }
