@@ -371,3 +371,26 @@ TEST_F(CommandLine, TcDesignsAThermoCompressorCaseAndRefusesABadOne) {
   EXPECT_EQ(refused.exit_code, 1);
   EXPECT_NE(refused.err.find("Suction pressure outside the range: (3.8 - 10. psia)"), std::string::npos);
 }
+
+TEST_F(CommandLine, CalculatorCommandsPrintWhatTheirWindowsShow) {
+  const CliRun convert = Kestrane(Pgm() + "convert Temperature degF degC 212");
+  EXPECT_EQ(convert.exit_code, 0) << convert.err;
+  EXPECT_EQ(convert.out, "100.000000 degC\n");
+  const CliRun list = Kestrane(Pgm() + "convert list");
+  EXPECT_NE(list.out.find("Fouling factor"), std::string::npos);
+  EXPECT_EQ(Kestrane(Pgm() + "convert Pressure furlong psia 1").exit_code, 2);
+  const CliRun tail = Kestrane(Pgm() + "tailleg 760 0 1");
+  EXPECT_EQ(tail.out, "Min Height\n33.9 feet\n10.3 meters\n");
+  const CliRun gas = Kestrane(Pgm() + "gasflow --mw 29 --temperature 60 --mass 100");
+  EXPECT_NE(gas.out.find("Volumetric flow   21.78 ACFM"), std::string::npos) << gas.out;
+  EXPECT_NE(gas.out.find("Volumetric flow   21.78 SCFM"), std::string::npos);
+  const CliRun nup = Kestrane(Pgm() + "nupreir 'a*2' --var a=2*pi");
+  EXPECT_EQ(nup.exit_code, 0);
+  EXPECT_EQ(nup.out, "\na*2 = \n6.283186 * 2 = 12.56637\n");
+  const CliRun bad = Kestrane(Pgm() + "nupreir '(1+2)+(3+4)'");
+  EXPECT_EQ(bad.exit_code, 1);
+  EXPECT_NE(bad.err.find("Too many )s in '1+2)+(3+4'"), std::string::npos);
+  const CliRun dp = Kestrane(Pgm() + "dp '" + (fs::path(KESTRANE_SOURCE_DIR) / "usrfiles" / "LINE-LOSS-HEI.TDP").string() + "'");
+  EXPECT_EQ(dp.exit_code, 0);
+  EXPECT_NE(dp.out.find("Total calculated pressure drop:"), std::string::npos);
+}

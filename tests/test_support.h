@@ -38,7 +38,7 @@ inline void WriteBytes(const std::filesystem::path& p, const std::string& bytes)
 
 // Puts the shipped steam table and vapor data base into a data folder.
 inline void CopyProgramData(const std::filesystem::path& pgmfiles) {
-  for (const char* name : {"MOLVBLG.DTA", "PSAT.DTA", "VPX.DTA"}) {
+  for (const char* name : {"MOLVBLG.DTA", "PSAT.DTA", "VPX.DTA", "CVRT.DTA"}) {
     std::filesystem::copy_file(std::filesystem::path(KESTRANE_SOURCE_DIR) / "pgmfiles" / name, pgmfiles / name,
                                std::filesystem::copy_options::overwrite_existing);
   }
