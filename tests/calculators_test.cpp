@@ -9,6 +9,7 @@
 #include "calculators/pressure_drop.h"
 #include "calculators/tail_leg.h"
 #include "properties/numeric.h"
+#include "shell/forms.h"
 #include "test_support.h"
 
 using namespace kestrane;
@@ -266,6 +267,15 @@ TEST(TailLeg, AtmosphereOverFullVacuumNeedsAboutThirtyFourFeetOfWater) {
   s.txtTailLeg = {"760", "0", "0"};
   EXPECT_FALSE(CalculateTailLeg(s));
   EXPECT_EQ(s.lblAns[0], "-3.7 feet");
+}
+
+TEST(TailLeg, BoxesLightUpWhileFocusedAndTheReceiverStartsAtOneAtmosphere) {
+  EXPECT_EQ(FocusLook(true).backcolor, 10);
+  EXPECT_TRUE(FocusLook(true).select_all);
+  EXPECT_EQ(FocusLook(false).backcolor, 15);
+  EXPECT_FALSE(FocusLook(false).select_all);
+  TailLegScreen fresh;
+  EXPECT_EQ(fresh.txtTailLeg[0], "760");
 }
 
 // --- Gas volume and mass -----------------------------------------------------

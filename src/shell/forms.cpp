@@ -8,6 +8,8 @@ void DelaySeconds(float seconds, FormHost& host) {
   while (host.Timer() - start < seconds) host.ProcessEvents();
 }
 
+BoxLook FocusLook(bool focused) { return focused ? BoxLook{10, true} : BoxLook{15, false}; }
+
 void EnterToTab(int16_t& keyAscii, FormHost& host) {
   if (keyAscii == 13) {
     host.SendTab(false);

@@ -44,6 +44,15 @@ void DelaySeconds(float seconds, FormHost& host);
 // Enter (13) moves to the next field and is swallowed (keyAscii becomes 0).
 void EnterToTab(int16_t& keyAscii, FormHost& host);
 
+// How a text box looks under the focus convention of the main menu's tools:
+// bright green (palette colour 10) with its whole text selected while it has
+// the focus, white (palette colour 15) after.
+struct BoxLook {
+  int16_t backcolor = 15;
+  bool select_all = false;
+};
+BoxLook FocusLook(bool focused);
+
 // Down arrow (40) moves to the next field, up arrow (38) to the previous one; other keys do nothing.
 void ArrowToTab(int16_t keyCode, FormHost& host);
 
