@@ -231,7 +231,7 @@ bool ReadGoFigure(const std::filesystem::path& path, NupreirScreen& screen, Ui& 
     std::string line;
     while (in.TryText(line)) screen.results += line + "\r\n";
   } catch (const VbError& e) {
-    ui.notice("ReadGoFigure Error: " + std::to_string(e.number()) + " " + e.description());
+    ui.notice(TrappedError("ReadGoFigure", e));
     return false;
   }
   screen.file = path.string();
@@ -261,7 +261,7 @@ bool WriteGoFigure(const std::filesystem::path& path, NupreirScreen& screen, Ui&
     }
     out.Commit();
   } catch (const VbError& e) {
-    ui.notice("WriteGoFigure Error: " + std::to_string(e.number()) + " " + e.description());
+    ui.notice(TrappedError("WriteGoFigure", e));
     return false;
   }
   screen.file = path.string();
@@ -271,13 +271,8 @@ bool WriteGoFigure(const std::filesystem::path& path, NupreirScreen& screen, Ui&
 
 StoreDecision CheckToStoreGoFigureFile(NupreirScreen& screen, Ui& ui) {
   if (screen.dirty == 0) return StoreDecision::kUnchanged;
-  const std::string name = std::filesystem::path(screen.file).filename().string();
-  const std::string question =
-      screen.file.empty() ? std::string("Save file?")
-                          : "The file \"" + name + "\" has been changed!\r\n\r\nDo you want to save changes?";
-  if (!ui.ask(question, "Nupreir")) return StoreDecision::kDeclined;
-  if (screen.file.empty()) return StoreDecision::kNeedsName;
-  return WriteGoFigure(screen.file, screen, ui) ? StoreDecision::kSaved : StoreDecision::kSaveFailed;
+  return AskToStore(ui, std::filesystem::path(screen.file).filename().string(), "\r\n\r\nDo you want to save changes?",
+                    "Nupreir", !screen.file.empty(), [&] { return WriteGoFigure(screen.file, screen, ui); });
 }
 
 }  // namespace kestrane

@@ -235,7 +235,7 @@ bool ReadDpFile(const std::filesystem::path& path, DpScreen& s, Ui& ui) {
     s.standard = ReadBoolean(in);
     for (int k = 1; k <= kDpFields; ++k) s.txtEV[static_cast<size_t>(k)] = in.Text();
   } catch (const VbError& e) {
-    ui.notice("ReadDpFile Error: " + std::to_string(e.number()) + " " + e.description());
+    ui.notice(TrappedError("ReadDpFile", e));
     return false;
   }
   s.file = path.string();
@@ -252,7 +252,7 @@ bool WriteDpFile(const std::filesystem::path& path, DpScreen& s, Ui& ui) {
     for (int k = 1; k <= kDpFields; ++k) out.Text(s.txtEV[static_cast<size_t>(k)]);
     out.Commit();
   } catch (const VbError& e) {
-    ui.notice("WriteDpFile Error: " + std::to_string(e.number()) + " " + e.description());
+    ui.notice(TrappedError("WriteDpFile", e));
     return false;
   }
   s.file = path.string();
@@ -262,13 +262,8 @@ bool WriteDpFile(const std::filesystem::path& path, DpScreen& s, Ui& ui) {
 
 StoreDecision CheckToStoreDpFile(DpScreen& s, Ui& ui) {
   if (s.dirty == 0) return StoreDecision::kUnchanged;
-  const std::string name = std::filesystem::path(s.file).filename().string();
-  const std::string question = s.file.empty()
-                                   ? std::string("Save file?")
-                                   : "The file \"" + name + "\" has been changed!\r\n\r\nDo you want to save changes?";
-  if (!ui.ask(question, "DpVac")) return StoreDecision::kDeclined;
-  if (s.file.empty()) return StoreDecision::kNeedsName;
-  return WriteDpFile(s.file, s, ui) ? StoreDecision::kSaved : StoreDecision::kSaveFailed;
+  return AskToStore(ui, std::filesystem::path(s.file).filename().string(), "\r\n\r\nDo you want to save changes?",
+                    "DpVac", !s.file.empty(), [&] { return WriteDpFile(s.file, s, ui); });
 }
 
 }  // namespace kestrane

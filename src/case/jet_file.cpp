@@ -153,4 +153,12 @@ StoreDecision CheckToStoreJetFile(InputScreen& screen, Ui& ui) {
   return WriteCase(screen.USERCASE, screen, ui) ? StoreDecision::kSaved : StoreDecision::kSaveFailed;
 }
 
+StoreDecision AskToStore(Ui& ui, const std::string& name, const std::string& tail, const std::string& title,
+                         bool has_path, const std::function<bool()>& save) {
+  const std::string question = name.empty() ? std::string("Save file?") : "The file \"" + name + "\" has been changed!" + tail;
+  if (!ui.ask(question, title)) return StoreDecision::kDeclined;
+  if (!has_path) return StoreDecision::kNeedsName;
+  return save() ? StoreDecision::kSaved : StoreDecision::kSaveFailed;
+}
+
 }  // namespace kestrane

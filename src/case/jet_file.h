@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "case/input_screen.h"
@@ -29,5 +30,11 @@ bool SaveCaseAs(const std::filesystem::path& path, InputScreen& screen, Ui& ui);
 // "Do you want to save changes?"; on yes save it where it came from.
 enum class StoreDecision { kUnchanged, kDeclined, kSaved, kSaveFailed, kNeedsName };
 StoreDecision CheckToStoreJetFile(InputScreen& screen, Ui& ui);
+
+// The same question for the tools' files: "The file "NAME" has been changed!"
+// and `tail` for a named file, "Save file?" for a new one, under `title`; on
+// yes `save` stores the file where it came from (kNeedsName when it has no path).
+StoreDecision AskToStore(Ui& ui, const std::string& name, const std::string& tail, const std::string& title,
+                         bool has_path, const std::function<bool()>& save);
 
 }  // namespace kestrane

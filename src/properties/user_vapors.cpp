@@ -80,7 +80,7 @@ UserVaporsRead ReadUDV(const std::filesystem::path& path, UserVapors& user, Ui& 
               " vapors before it are kept; the file is not changed until a vapor is added, edited or deleted.");
     return UserVaporsRead::kFailed;
   } catch (const VbError& e) {
-    ui.notice("ReadUDV Error:" + Str(e.number()) + " " + e.description());
+    ui.notice(TrappedError("ReadUDV", e));
     return UserVaporsRead::kFailed;
   }
   return UserVaporsRead::kRead;
@@ -97,7 +97,7 @@ bool WriteUDV(const std::filesystem::path& path, const UserVapors& user, Ui& ui)
     }
     file.Commit();
   } catch (const VbError& e) {
-    ui.notice("WriteUDV Error:" + Str(e.number()) + " " + e.description());
+    ui.notice(TrappedError("WriteUDV", e));
     return false;
   }
   return true;

@@ -135,6 +135,10 @@ const char* const kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
 }  // namespace
 
 VbError::VbError(int number) : std::runtime_error(ErrorText(number)), number_(number) {}
+std::string TrappedError(std::string_view routine, const VbError& e) {
+  return std::string(routine) + " Error:" + Str(e.number()) + " " + e.description();
+}
+
 VbError::VbError(int number, const std::string& text) : std::runtime_error(text), number_(number) {}
 
 int16_t CInt(double x) {

@@ -26,6 +26,9 @@ class VbError : public std::runtime_error {
   int number_;
 };
 
+// The message of a trapped run-time error: routine + " Error:" + Str(number) + " " + text.
+std::string TrappedError(std::string_view routine, const VbError& e);
+
 // Round half to even to a 16-bit integer; error 6 when out of range.
 int16_t CInt(double x);
 

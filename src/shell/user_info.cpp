@@ -6,13 +6,6 @@
 
 namespace kestrane {
 
-namespace {
-
-std::string ErrorMessage(std::string_view routine, const VbError& e) {
-  return std::string(routine) + " Error:" + Str(e.number()) + " " + e.description();
-}
-
-}  // namespace
 
 UserInfoRead ReadUserInfo(const std::filesystem::path& path, UserInfo& rows, Ui& ui) {
   std::error_code ec;
@@ -24,7 +17,7 @@ UserInfoRead ReadUserInfo(const std::filesystem::path& path, UserInfo& rows, Ui&
     TextInput file(path);
     for (int row = 1; row <= kUserInfoRows; ++row) rows(row) = file.LineInput();
   } catch (const VbError& e) {
-    ui.notice(ErrorMessage("ReadUserInfo", e));
+    ui.notice(TrappedError("ReadUserInfo", e));
     return UserInfoRead::kFailed;
   }
   return UserInfoRead::kRead;
@@ -36,7 +29,7 @@ bool WriteUserInfo(const std::filesystem::path& path, const UserInfo& rows, Ui& 
     for (int row = 1; row <= kUserInfoRows; ++row) file.PrintLine(rows(row));
     file.Commit();
   } catch (const VbError& e) {
-    ui.notice(ErrorMessage("WriteUserInfo", e));
+    ui.notice(TrappedError("WriteUserInfo", e));
     return false;
   }
   return true;

@@ -9,10 +9,6 @@ namespace {
 
 constexpr float kTcFileVersion = 2.01f;
 
-std::string Trapped(std::string_view routine, const VbError& e) {
-  return std::string(routine) + " " + std::to_string(e.number()) + " " + e.description();
-}
-
 }  // namespace
 
 bool ReadTCFile(const std::filesystem::path& path, TCInputScreen& screen, Ui& ui) {
@@ -34,7 +30,7 @@ bool ReadTCFile(const std::filesystem::path& path, TCInputScreen& screen, Ui& ui
       screen.lists[static_cast<size_t>(list)] = in.ListIndex(TcListDefinition(static_cast<TcList>(list)).entries.size());
     }
   } catch (const VbError& e) {
-    ui.notice(Trapped("ReadTCFile Error:", e));
+    ui.notice(TrappedError("ReadTCFile", e));
     return false;
   }
   screen.TCDIRTY = 0;
@@ -54,7 +50,7 @@ bool WriteTCFile(const std::filesystem::path& path, TCInputScreen& screen, Ui& u
     for (int16_t index : screen.lists) out.Number(index);
     out.Commit();
   } catch (const VbError& e) {
-    ui.notice(Trapped("WriteTCFile Error:", e));
+    ui.notice(TrappedError("WriteTCFile", e));
     return false;
   }
   screen.TCDIRTY = 0;
@@ -75,12 +71,8 @@ bool SaveTCFileAs(const std::filesystem::path& path, TCInputScreen& screen, Ui& 
 
 StoreDecision CheckToStoreTCFile(TCInputScreen& screen, Ui& ui) {
   if (screen.TCDIRTY == 0) return StoreDecision::kUnchanged;
-  const std::string question = screen.TCCASENAME.empty()
-                                   ? std::string("Save file?")
-                                   : "The file \"" + screen.TCCASENAME + "\" has been changed!\r\nDo you want to save changes?";
-  if (!ui.ask(question, "Thermo Compressor")) return StoreDecision::kDeclined;
-  if (screen.TCUSERCASE.empty()) return StoreDecision::kNeedsName;
-  return WriteTCFile(screen.TCUSERCASE, screen, ui) ? StoreDecision::kSaved : StoreDecision::kSaveFailed;
+  return AskToStore(ui, screen.TCCASENAME, "\r\nDo you want to save changes?", "Thermo Compressor", !screen.TCUSERCASE.empty(),
+                    [&] { return WriteTCFile(screen.TCUSERCASE, screen, ui); });
 }
 
 }  // namespace kestrane
