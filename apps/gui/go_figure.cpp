@@ -1,0 +1,130 @@
+// The Nupreir calculator window: expression with history, five variables, angle unit, the results box and its file.
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QVBoxLayout>
+
+#include "pages.h"
+
+namespace kestrane::gui {
+
+namespace {
+
+QString Filter() { return "GoFigure Files (*.GFR)"; }
+
+// The results text as rich text: expression lines blue (colour 1), values bold red (colour 12).
+QString Coloured(const std::string& results) {
+  QString html;
+  for (const QString& line : Q(results).split("\r\n")) {
+    const int eq = line.lastIndexOf(" = ");
+    if (eq < 0 || eq + 3 == line.size()) {
+      html += "<span style='color:#000080'>" + line.toHtmlEscaped() + "</span><br>";
+    } else {
+      html += "<span style='color:#000080'>" + line.left(eq + 3).toHtmlEscaped() + "</span><b style='color:#ff0000'>" +
+              line.mid(eq + 3).toHtmlEscaped() + "</b><br>";
+    }
+  }
+  return html;
+}
+
+}  // namespace
+
+GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w) {
+  setWindowTitle(Q(NupreirCaption(model)));
+  resize(640, 520);
+  auto* layout = new QVBoxLayout(this);
+  auto* bar = new QMenuBar;
+  layout->setMenuBar(bar);
+  QMenu* file = bar->addMenu("&File");
+  file->addAction("&New", this, [this] {
+    Take();
+    if (CheckToStoreGoFigureFile(model, w_.ui) == StoreDecision::kDeclined || model.dirty == 0) {
+      model = NupreirScreen{};
+      Show();
+    }
+  });
+  file->addAction("&Open...", this, [this] {
+    const QString path = QFileDialog::getOpenFileName(this, "Get Existing Design", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    if (path.isEmpty()) return;
+    ReadGoFigure(S(path), model, w_.ui);
+    Show();
+  });
+  file->addAction("Save &As...", this, [this] {
+    const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    if (path.isEmpty()) return;
+    Take();
+    WriteGoFigure(S(path), model, w_.ui);
+    Show();
+  });
+  cmboExprText = new QComboBox;
+  cmboExprText->setEditable(true);
+  cmboExprText->setInsertPolicy(QComboBox::NoInsert);
+  layout->addWidget(new QLabel("Expression"));
+  layout->addWidget(cmboExprText);
+  auto* vars = new QGridLayout;
+  vars->addWidget(new QLabel("<b>Variable</b>"), 0, 0);
+  vars->addWidget(new QLabel("<b>Value</b>"), 0, 1);
+  for (size_t i = 0; i < kNupreirVariables; ++i) {
+    names[i] = new QLineEdit;
+    values[i] = new QLineEdit;
+    vars->addWidget(names[i], static_cast<int>(i) + 1, 0);
+    vars->addWidget(values[i], static_cast<int>(i) + 1, 1);
+  }
+  layout->addLayout(vars);
+  auto* options = new QHBoxLayout;
+  degrees = new QRadioButton("Degrees");
+  radians = new QRadioButton("Radians");
+  degrees->setChecked(true);
+  options->addWidget(degrees);
+  options->addWidget(radians);
+  options->addStretch();
+  auto* calculate = new QPushButton("&Calculate");
+  calculate->setDefault(true);
+  options->addWidget(calculate);
+  layout->addLayout(options);
+  results = new QTextEdit;
+  results->setReadOnly(true);
+  layout->addWidget(results, 1);
+  connect(calculate, &QPushButton::clicked, this, [this] { Calculate(); });
+  connect(cmboExprText->lineEdit(), &QLineEdit::returnPressed, this, [this] { Calculate(); });
+}
+
+void GoFigure::Take() {
+  model.expression = S(cmboExprText->currentText());
+  model.radians = radians->isChecked();
+  for (size_t i = 0; i < kNupreirVariables; ++i) model.variables[i] = {S(names[i]->text()), S(values[i]->text())};
+}
+
+void GoFigure::Show() {
+  cmboExprText->clear();
+  for (const auto& entry : model.history) cmboExprText->addItem(Q(entry));
+  cmboExprText->setEditText(Q(model.expression));
+  (model.radians ? radians : degrees)->setChecked(true);
+  for (size_t i = 0; i < kNupreirVariables; ++i) {
+    names[i]->setText(Q(model.variables[i].name));
+    values[i]->setText(Q(model.variables[i].value));
+  }
+  results->setHtml(Coloured(model.results));
+  results->moveCursor(QTextCursor::End);
+  setWindowTitle(Q(NupreirCaption(model)));
+}
+
+void GoFigure::Calculate() {
+  Take();
+  if (Evaluate(model, w_.ui)) PreCalc(model);
+  Show();
+  cmboExprText->lineEdit()->selectAll();
+}
+
+void GoFigure::closeEvent(QCloseEvent* event) {
+  Take();
+  if (CheckToStoreGoFigureFile(model, w_.ui) == StoreDecision::kNeedsName) {
+    const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    if (!path.isEmpty()) WriteGoFigure(S(path), model, w_.ui);
+  }
+  event->accept();
+}
+
+}  // namespace kestrane::gui

@@ -1,0 +1,108 @@
+// The results window of a design: its frames laid out by the parts of the train that exist, the debugger grid and the pump error.
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "case/jet_file.h"
+#include "engine/results.h"
+#include "pages.h"
+
+namespace kestrane::gui {
+
+namespace {
+
+QTableWidget* Frame(const ResultsBlock& block) {
+  auto* table = new QTableWidget(static_cast<int>(block.captions.size()), static_cast<int>(block.columns.size()));
+  QStringList rows, heads;
+  for (const auto& c : block.captions) rows << Q(Trim(c));
+  for (const auto& h : block.heads) heads << Q(h);
+  table->setVerticalHeaderLabels(rows);
+  table->setHorizontalHeaderLabels(heads);
+  if (heads.join("").isEmpty()) table->horizontalHeader()->hide();
+  for (size_t c = 0; c < block.columns.size(); ++c) {
+    for (size_t r = 0; r < block.columns[c].size(); ++r) {
+      auto* item = new QTableWidgetItem(Q(Trim(block.columns[c][r])));
+      item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      table->setItem(static_cast<int>(r), static_cast<int>(c), item);
+    }
+  }
+  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  table->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+  table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  return table;
+}
+
+}  // namespace
+
+frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
+  auto* layout = new QVBoxLayout(this);
+  auto* bar = new QMenuBar;
+  layout->setMenuBar(bar);
+  QMenu* file = bar->addMenu("&File");
+  file->addAction("&Save", this, [this] {
+    if (!w_.screen.USERCASE.empty()) WriteCase(w_.screen.USERCASE, w_.screen, w_.ui);
+  });
+  bar->addAction("&Revise Data", this, [this] { w_.SwapForms(Form::frmJET0, Form::frmJetInput); });
+  lblMessage = new QLabel;
+  lblMessage->setStyleSheet("color: red; font-weight: bold;");
+  layout->addWidget(lblMessage);
+  auto* scroll = new QScrollArea;
+  scroll->setWidgetResizable(true);
+  frames = new QWidget;
+  new QVBoxLayout(frames);
+  scroll->setWidget(frames);
+  layout->addWidget(scroll, 1);
+  cmdDebugger = new QPushButton("Debugger");
+  cmdDebugger->setCheckable(true);
+  layout->addWidget(cmdDebugger, 0, Qt::AlignLeft);
+  Grid1 = new QTableWidget;
+  Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  Grid1->hide();
+  layout->addWidget(Grid1, 1);
+  connect(cmdDebugger, &QPushButton::toggled, Grid1, &QWidget::setVisible);
+}
+
+QString frmJET0::Caption() const {
+  return "Kestrane-System Design Results" + (w_.screen.CASENAME.empty() ? QString() : "   " + Q(w_.screen.CASENAME));
+}
+
+void frmJET0::ShowResults(bool results, const std::string& message) {
+  QLayout* layout = frames->layout();
+  while (QLayoutItem* item = layout->takeAt(0)) {
+    delete item->widget();
+    delete item;
+  }
+  lblMessage->setText(Q(message));
+  lblMessage->setVisible(!message.empty());
+  DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+  if (results) {
+    const ResultsScreen r = FillResults(ctx, w_.screen.Metric());
+    auto add = [layout](const ResultsBlock& block) {
+      auto* box = new QGroupBox(Q(block.title));
+      auto* l = new QVBoxLayout(box);
+      l->addWidget(Frame(block));
+      layout->addWidget(box);
+    };
+    add(r.utilities);
+    add(r.ejectors);
+    if (r.show_condensers) add(r.condensers);
+    if (r.show_pump) add(r.pump);
+  }
+  static_cast<QVBoxLayout*>(layout)->addStretch();
+  const auto grid = DebuggerGrid(ctx);
+  Grid1->clear();
+  Grid1->setRowCount(static_cast<int>(grid.size()));
+  Grid1->setColumnCount(grid.empty() ? 0 : static_cast<int>(grid[0].size()));
+  for (size_t r = 0; r < grid.size(); ++r) {
+    for (size_t c = 0; c < grid[r].size(); ++c) {
+      Grid1->setItem(static_cast<int>(r), static_cast<int>(c), new QTableWidgetItem(Q(grid[r][c])));
+    }
+  }
+  cmdDebugger->setEnabled(results);
+  if (!results) cmdDebugger->setChecked(false);
+}
+
+}  // namespace kestrane::gui

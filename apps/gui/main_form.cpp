@@ -1,0 +1,53 @@
+// The main menu: the start sequence's texts, then the tools.
+#include <QApplication>
+#include <QGridLayout>
+#include <QVBoxLayout>
+
+#include "pages.h"
+
+namespace kestrane::gui {
+
+MainForm::MainForm(MainWindow& w) : Page(&w) {
+  auto* layout = new QVBoxLayout(this);
+  auto* title = new QLabel("<h1>Kestrane</h1><p>Steam jet vacuum systems and the engineering around them</p>");
+  title->setAlignment(Qt::AlignCenter);
+  layout->addWidget(title);
+  auto* grid = new QGridLayout;
+  struct Entry {
+    const char* caption;
+    std::function<void()> action;
+  };
+  const std::vector<Entry> entries = {
+      {"System &Design",
+       [&w] {
+         w.screen.USERCASE.clear();
+         w.screen.CASENAME.clear();
+         w.SwapForms(Form::MainForm, Form::frmJetInput);
+         static_cast<frmJetInput*>(w.PageOf(Form::frmJetInput))->SSTabInput->setCurrentIndex(0);
+       }},
+      {"&Conversions", [&w] { w.SwapForms(Form::MainForm, Form::ConvertForm); }},
+      {"Tail Leg Height", [&w] { w.SwapForms(Form::MainForm, Form::TailLeg); }},
+      {"Gas Volume && Mass", [&w] { w.SwapForms(Form::MainForm, Form::GasMassVol); }},
+      {"\"Nupreir\"", [&w] { w.ShowGoFigure(); }},
+      {"E&xit", [] { QApplication::quit(); }},
+  };
+  int row = 0;
+  for (const Entry& e : entries) {
+    auto* button = new QPushButton(e.caption);
+    button->setMinimumHeight(36);
+    connect(button, &QPushButton::clicked, this, e.action);
+    grid->addWidget(button, row / 2, row % 2);
+    cmdMain.push_back(button);
+    ++row;
+  }
+  layout->addLayout(grid);
+  layout->addStretch();
+  Label3 = new QLabel;
+  Label3->setAlignment(Qt::AlignCenter);
+  layout->addWidget(Label3);
+  connect(&w.ui, &QtUi::statusChanged, this, [this, &w](const QString& text) {
+    if (w.Current() == Form::MainForm) Label3->setText(text);
+  });
+}
+
+}  // namespace kestrane::gui

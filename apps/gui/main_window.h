@@ -1,0 +1,59 @@
+// The desktop program's one window: its pages are the program's forms, swapped as the menu and the forms ask.
+#pragma once
+
+#include <QMainWindow>
+#include <QStackedWidget>
+#include <map>
+
+#include "case/input_screen.h"
+#include "engine/design_context.h"
+#include "qt_ui.h"
+#include "shell/forms.h"
+#include "shell/session.h"
+
+namespace kestrane::gui {
+
+class GoFigure;
+
+// A form shown as a page of the window: its caption goes to the window's title.
+class Page : public QWidget {
+  Q_OBJECT
+
+ public:
+  using QWidget::QWidget;
+  virtual QString Caption() const = 0;
+  // Called each time the page becomes the visible one.
+  virtual void Activate() {}
+};
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  MainWindow(Session& session, QtUi& ui);
+
+  // The one-visible-window rule: the coming page replaces the leaving one.
+  void SwapForms(Form leaving, Form coming);
+  Page* PageOf(Form form) const { return pages_.at(form); }
+  Form Current() const { return current_; }
+  void ShowGoFigure();
+  GoFigure* goFigure() const { return go_figure_; }
+  void RefreshTitle();
+
+  // The start sequence, its texts shown on the main menu as the data loads.
+  bool Start();
+
+  Session& session;
+  QtUi& ui;
+  InputScreen screen;  // the design case on the input page
+
+ private:
+  void AddPage(Form form, Page* page);
+  QStackedWidget* stack_;
+  std::map<Form, Page*> pages_;
+  Form current_ = Form::MainForm;
+  GoFigure* go_figure_ = nullptr;
+};
+
+
+}  // namespace kestrane::gui

@@ -1,0 +1,169 @@
+// The forms of the desktop program, each a page of the one window (GoFigure a window of its own).
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTextEdit>
+#include <array>
+#include <vector>
+
+#include "calculators/conversions.h"
+#include "calculators/gas_flow.h"
+#include "calculators/nupreir.h"
+#include "calculators/tail_leg.h"
+#include "main_window.h"
+#include "widgets.h"
+
+namespace kestrane::gui {
+
+// The main menu: the start sequence's texts, then the tools.
+class MainForm : public Page {
+  Q_OBJECT
+
+ public:
+  explicit MainForm(MainWindow& window);
+  QString Caption() const override { return "Kestrane"; }
+  QLabel* Label3;
+  std::vector<QPushButton*> cmdMain;
+};
+
+// The design input: five tabs, paired standard and metric boxes, hints, the vapor grid, the file menu and the run.
+class frmJetInput : public Page {
+  Q_OBJECT
+
+ public:
+  explicit frmJetInput(MainWindow& window);
+  QString Caption() const override;
+  void Activate() override;
+  // Shows the screen model in the boxes.
+  void Refresh();
+  QLineEdit* BoxOf(BoxRef box) const { return boxes_.at({static_cast<int>(box.group), box.index}); }
+  void DesignSystem();  // the menu entry; the design runs off the window's thread
+  bool OpenFile(const QString& path);
+  QTabWidget* SSTabInput;
+  QPlainTextEdit* txtboxMainInputDescription;
+  QTableWidget* vaporGrid;
+  QLineEdit* vaporSearch;
+
+ signals:
+  void designFinished(bool results);
+
+ private:
+  void Leave(BoxRef box);
+  void UnitsChanged();
+  bool CheckToStore();
+  void FillVaporGrid();
+  MainWindow& w_;
+  BoxWatcher watcher_;
+  std::map<std::pair<int, int>, QLineEdit*> boxes_;
+  std::vector<QRadioButton*> units_, condenser_, stages_, cycles_, optimize_;
+  QCheckBox *precondenser_, *lrvp_;
+  std::array<QComboBox*, kListBoxCount> lists_{};
+  std::array<QLabel*, 3> cost_captions_{};
+  int focused_load_row_ = 1;
+  bool running_ = false;
+};
+
+// The results of a design: utilities, ejectors, condensers and pump, the debugger grid, "LRVP Error".
+class frmJET0 : public Page {
+  Q_OBJECT
+
+ public:
+  explicit frmJET0(MainWindow& window);
+  QString Caption() const override;
+  void ShowResults(bool results, const std::string& message);
+  QLabel* lblMessage;
+  QTableWidget* Grid1;
+  QWidget* frames;
+  QPushButton* cmdDebugger;
+
+ private:
+  MainWindow& w_;
+};
+
+class ConvertForm : public Page {
+  Q_OBJECT
+
+ public:
+  explicit ConvertForm(MainWindow& window);
+  QString Caption() const override { return "Kestrane-Conversions"; }
+  void Activate() override;
+  void CVRT();
+  QComboBox* category;
+  std::array<QListWidget*, 2> unitList{};
+  QLineEdit* value;
+  QLabel* result;
+
+ private:
+  MainWindow& w_;
+  CvrtTable table_;
+  bool loaded_ = false;
+};
+
+class TailLegForm : public Page {
+  Q_OBJECT
+
+ public:
+  explicit TailLegForm(MainWindow& window);
+  QString Caption() const override { return "Kestrane-Tail Leg Height"; }
+  std::array<QLineEdit*, 3> txtTailLeg{};
+  std::array<QLabel*, 2> lblAns{};
+  QPushButton* cmdCalculate;
+
+ private:
+  BoxWatcher watcher_;
+  TailLegScreen model_;
+};
+
+class GasMassVolForm : public Page {
+  Q_OBJECT
+
+ public:
+  explicit GasMassVolForm(MainWindow& window);
+  QString Caption() const override { return "Kestrane-Gas Volume & Mass"; }
+  void Calculate();
+  GasFlowScreen model;
+  QLineEdit* txtMW;
+  std::array<QLineEdit*, 5> txtPressure{};
+  std::array<QLineEdit*, 2> txtTemperature{};
+  std::array<QLineEdit*, 2> txtMassFlow{};
+  std::array<QLineEdit*, 4> txtVolFlow{};
+  QLabel* message;
+
+ private:
+  void Show();
+  void Enable();
+  BoxWatcher watcher_;
+};
+
+// The Nupreir calculator, a window of its own beside the menu.
+class GoFigure : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit GoFigure(MainWindow& window);
+  void Calculate();
+  void Show();  // the model into the widgets
+  NupreirScreen model;
+  QComboBox* cmboExprText;
+  std::array<QLineEdit*, kNupreirVariables> names{}, values{};
+  QRadioButton *degrees, *radians;
+  QTextEdit* results;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void Take();  // the widgets into the model
+  MainWindow& w_;
+};
+
+}  // namespace kestrane::gui

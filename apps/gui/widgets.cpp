@@ -1,0 +1,66 @@
+// Small shared pieces of the windows: the focus look and Enter as Tab for text boxes, and labelled rows.
+#include "widgets.h"
+
+#include <QKeyEvent>
+#include <QTimer>
+#include <QWidget>
+
+#include "shell/forms.h"
+
+namespace kestrane::gui {
+
+namespace {
+
+// Palette colours 10 and 15 of the classic sixteen.
+QColor PaletteColour(int16_t index) { return index == 10 ? QColor(0, 255, 0) : QColor(255, 255, 255); }
+
+void Look(QLineEdit* box, bool focused) {
+  const BoxLook look = FocusLook(focused);
+  QPalette palette = box->palette();
+  palette.setColor(QPalette::Base, PaletteColour(look.backcolor));
+  box->setPalette(palette);
+  if (look.select_all) QTimer::singleShot(0, box, [box] { box->selectAll(); });
+}
+
+}  // namespace
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+QString Q(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+std::string S(const QString& text) { return text.toStdString(); }
+
+void BoxWatcher::Watch(QLineEdit* box, std::function<void()> on_focus, std::function<void()> on_leave) {
+  box->installEventFilter(this);
+  actions_[box] = {std::move(on_focus), std::move(on_leave)};
+}
+
+bool BoxWatcher::eventFilter(QObject* object, QEvent* event) {
+  auto* box = qobject_cast<QLineEdit*>(object);
+  if (box == nullptr) return false;
+  const auto& [on_focus, on_leave] = actions_[object];
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      Look(box, true);
+      if (on_focus) on_focus();
+      break;
+    case QEvent::FocusOut:
+      Look(box, false);
+      if (on_leave) on_leave();
+      break;
+    case QEvent::KeyPress: {
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Down) {
+        if (QWidget* next = box->nextInFocusChain()) next->setFocus(Qt::TabFocusReason);
+        return true;
+      }
+      if (key == Qt::Key_Up) {
+        if (QWidget* previous = box->previousInFocusChain()) previous->setFocus(Qt::BacktabFocusReason);
+        return true;
+      }
+      break;
+    }
+    default: break;
+  }
+  return false;
+}
+
+}  // namespace kestrane::gui

@@ -1,0 +1,152 @@
+// The desktop windows, driven without a screen: start-up, a design from the input window, metric pairs, a refused input, Nupreir.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <filesystem>
+
+#include "main_window.h"
+#include "pages.h"
+#include "properties/numeric.h"
+#include "shell/constants.h"
+#include "shell/startup.h"
+#include "shell/paths.h"
+
+using namespace kestrane;
+using namespace kestrane::gui;
+namespace fs = std::filesystem;
+
+namespace {
+
+const fs::path kProgram = fs::path(KESTRANE_CLI).parent_path();
+
+class Desktop : public ::testing::Test {
+ protected:
+  Desktop() : session(PathsForProgram(kProgram)), ui(nullptr) {
+    ui.set_unattended(true);
+    window = std::make_unique<MainWindow>(session, ui);
+    window->show();
+  }
+  // Runs the event loop until `done` or five seconds have passed.
+  bool WaitFor(const std::function<bool()>& done) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!done() && timer.elapsed() < 5000) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    return done();
+  }
+  frmJetInput* Input() { return static_cast<frmJetInput*>(window->PageOf(Form::frmJetInput)); }
+  frmJET0* Results() { return static_cast<frmJET0*>(window->PageOf(Form::frmJET0)); }
+  void Leave(QLineEdit* box) {
+    QFocusEvent out(QEvent::FocusOut);
+    QApplication::sendEvent(box, &out);
+  }
+  // The value shown in a results frame, by frame title and row caption, first column.
+  QString FrameValue(const QString& title, const QString& caption) {
+    for (auto* box : Results()->frames->findChildren<QGroupBox*>()) {
+      if (box->title() != title) continue;
+      auto* table = box->findChild<QTableWidget*>();
+      for (int r = 0; r < table->rowCount(); ++r) {
+        if (table->verticalHeaderItem(r)->text() == caption) return table->item(r, 0)->text();
+      }
+    }
+    return {};
+  }
+
+  Session session;
+  QtUi ui;
+  std::unique_ptr<MainWindow> window;
+};
+
+}  // namespace
+
+TEST_F(Desktop, StartUpShowsTheProgressTextsInOrder) {
+  ASSERT_TRUE(window->Start());
+  ASSERT_EQ(ui.statuses.size(), kStartProgressTexts.size());
+  for (size_t i = 0; i < kStartProgressTexts.size(); ++i) EXPECT_EQ(ui.statuses[i], kStartProgressTexts[i]);
+  auto* menu = static_cast<MainForm*>(window->PageOf(Form::MainForm));
+  EXPECT_EQ(menu->Label3->text().toStdString(), "ENGINEERING ANSWERS FOR YOUR VACUUM SYSTEM NEEDS");
+  for (auto* b : menu->cmdMain) EXPECT_TRUE(b->isEnabled());
+}
+
+TEST_F(Desktop, AnExampleDesignedFromTheWindowShowsTheSameNumbersAsTheRecord) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::frmJetInput);
+  ASSERT_TRUE(Input()->OpenFile(QString::fromStdString((kProgram / "usrfiles" / "SOLVENT-LOADS-THREE-STAGE.JET").string())));
+  EXPECT_EQ(Input()->BoxOf({BoxGroup::kInput, 0})->text().toStdString(), window->screen.txtInput[0]);
+  Input()->DesignSystem();
+  ASSERT_TRUE(WaitFor([&] { return window->Current() == Form::frmJET0; }));
+  const DesignCase& dc = session.design;
+  EXPECT_EQ(FrameValue("Utilities", "Total Motive Steam (#/hr)").toStdString(),
+            Trim(FormatFixed(dc.TOTALS(kTotalMotive), 8.0f)));
+  EXPECT_EQ(FrameValue("Condensers", "Surface (sq.ft.)").toStdString(), Trim(FormatFixed(dc.CND(kCondC1, kCndAREA), 6.1f)));
+  EXPECT_FALSE(Results()->lblMessage->isVisible());
+  EXPECT_NE(std::find(ui.statuses.begin(), ui.statuses.end(), "Calculating.....three stage design... "), ui.statuses.end());
+  Results()->cmdDebugger->setChecked(true);
+  EXPECT_TRUE(Results()->Grid1->isVisible());
+  EXPECT_GT(Results()->Grid1->rowCount(), 100);
+}
+
+TEST_F(Desktop, APumpErrorShowsLrvpErrorWithoutResults) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::frmJetInput);
+  ASSERT_TRUE(Input()->OpenFile(QString::fromStdString((kProgram / "usrfiles" / "LRVP-BEYOND-LIMITS.JET").string())));
+  Input()->DesignSystem();
+  ASSERT_TRUE(WaitFor([&] { return window->Current() == Form::frmJET0; }));
+  EXPECT_EQ(Results()->lblMessage->text(), "LRVP Error");
+  EXPECT_TRUE(Results()->frames->findChildren<QGroupBox*>().empty());
+  EXPECT_EQ(ui.notices.back().substr(0, 52), "Error encountered in liquid ring vacuum pump design.");
+}
+
+TEST_F(Desktop, AMetricPairFollowsOnLeavingItsBox) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::frmJetInput);
+  QLineEdit* suction = Input()->BoxOf({BoxGroup::kInput, 0});
+  suction->setText("75");
+  Leave(suction);
+  EXPECT_EQ(Input()->BoxOf({BoxGroup::kInputA, 0})->text().toStdString(), FormatFixed(10.0f, 12.4f));
+  EXPECT_EQ(window->screen.txtInput[0], "75");
+  EXPECT_EQ(window->screen.CASEDIRTY, 1);
+}
+
+TEST_F(Desktop, ARefusedInputShowsItsNoticeAndStaysOnTheInput) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::frmJetInput);
+  ASSERT_TRUE(Input()->OpenFile(QString::fromStdString((kProgram / "usrfiles" / "AUTOMATIC-SURFACE.JET").string())));
+  window->screen.txtInput[2] = "500";  // discharge below the limit
+  bool finished = false, results = true;
+  QObject::connect(Input(), &frmJetInput::designFinished, [&](bool r) {
+    finished = true;
+    results = r;
+  });
+  Input()->DesignSystem();
+  ASSERT_TRUE(WaitFor([&] { return finished; }));
+  EXPECT_FALSE(results);
+  EXPECT_EQ(window->Current(), Form::frmJetInput);
+  ASSERT_FALSE(ui.notices.empty());
+  EXPECT_NE(ui.notices.back().find("Discharge pressure outside the range: (700 - 900 mmHga)"), std::string::npos);
+  EXPECT_TRUE(Input()->isEnabled());
+}
+
+TEST_F(Desktop, NupreirAppendsResultsAndKeepsOneWindow) {
+  window->ShowGoFigure();
+  window->ShowGoFigure();
+  GoFigure* calc = window->goFigure();
+  EXPECT_TRUE(calc->isVisible());
+  calc->cmboExprText->setEditText("2^3^2");
+  calc->Calculate();
+  EXPECT_NE(calc->results->toPlainText().indexOf("2 ^ 3 ^ 2 = 64"), -1);
+  calc->cmboExprText->setEditText("(1+2)+(3+4)");
+  calc->Calculate();
+  EXPECT_EQ(ui.notices.back(), "Too many )s in '1+2)+(3+4'");
+  EXPECT_EQ(calc->results->toPlainText().count(" = "), 1);
+  EXPECT_EQ(calc->cmboExprText->count(), 1);  // the history holds the good expression
+}
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
