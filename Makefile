@@ -3,7 +3,7 @@ BUILD ?= build
 JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=Release
 
-.PHONY: all bootstrap configure build run test bench clean
+.PHONY: all bootstrap configure build run test bench screenshots clean
 
 all: build
 
@@ -24,6 +24,9 @@ test: build
 
 bench: build
 	@for b in $(BUILD)/bin/bench_*; do echo "== $$b"; $$b; done
+
+screenshots: build
+	$(BUILD)/bin/make_screenshots docs/screenshots
 
 clean:
 	rm -rf $(BUILD)

@@ -29,9 +29,14 @@ QTableWidget* Frame(const ResultsBlock& block) {
     }
   }
   table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table->horizontalHeader()->setMinimumSectionSize(110);
   table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   table->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
   table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  table->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+  table->setShowGrid(false);
+  table->setAlternatingRowColors(true);
   return table;
 }
 
@@ -83,7 +88,7 @@ void frmJET0::ShowResults(bool results, const std::string& message) {
     auto add = [layout](const ResultsBlock& block) {
       auto* box = new QGroupBox(Q(block.title));
       auto* l = new QVBoxLayout(box);
-      l->addWidget(Frame(block));
+      l->addWidget(Frame(block), 0, Qt::AlignLeft);
       layout->addWidget(box);
     };
     add(r.utilities);

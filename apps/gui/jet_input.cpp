@@ -119,6 +119,8 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
     values->addWidget(cost_captions_[static_cast<size_t>(i)], i + 12, 0);
     values->addWidget(make_box({BoxGroup::kCost, i}), i + 12, 1);
   }
+  values->setRowStretch(15, 1);
+  values->setColumnStretch(3, 1);
   main_layout->addLayout(values, 3);
   auto* options = new QVBoxLayout;
   auto group = [&](const char* title, std::vector<const char*> captions, std::vector<QRadioButton*>& buttons,
@@ -126,7 +128,7 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
     auto* box = new QGroupBox(title);
     auto* l = new QVBoxLayout(box);
     for (size_t i = 0; i < captions.size(); ++i) {
-      auto* b = new QRadioButton(QString(captions[i]).replace("&&", "&"));
+      auto* b = new QRadioButton(captions[i]);  // "&&" shows one "&"
       buttons.push_back(b);
       l->addWidget(b);
       connect(b, &QRadioButton::clicked, this, [chosen, i] { chosen(static_cast<int>(i)); });

@@ -1,0 +1,87 @@
+// Renders every window of the desktop program, with an example case loaded where it applies, to PNG files.
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <cstdio>
+
+#include "main_window.h"
+#include "pages.h"
+#include "shell/paths.h"
+
+using namespace kestrane;
+using namespace kestrane::gui;
+
+namespace {
+
+void Settle() {
+  QElapsedTimer timer;
+  timer.start();
+  while (timer.elapsed() < 100) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+bool Save(QWidget* widget, const QString& folder, const QString& name) {
+  Settle();
+  const bool ok = widget->grab().save(folder + "/" + name + ".png");
+  if (!ok) std::fprintf(stderr, "could not write %s.png\n", name.toUtf8().constData());
+  return ok;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: make_screenshots FOLDER\n");
+    return 2;
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  QApplication::setApplicationDisplayName("Kestrane");
+  const QString folder = argv[1];
+  QDir().mkpath(folder);
+  Session session(PathsForProgram(ExecutableDirectory()));
+  QtUi ui(nullptr);
+  ui.set_unattended(true);
+  MainWindow window(session, ui);
+  window.resize(1100, 720);
+  window.show();
+  if (!window.Start()) return 1;
+  bool ok = Save(&window, folder, "main-menu");
+
+  auto* input = static_cast<frmJetInput*>(window.PageOf(Form::frmJetInput));
+  window.SwapForms(Form::MainForm, Form::frmJetInput);
+  input->OpenFile(QString::fromStdString((session.data.paths.usrfiles / "SOLVENT-LOADS-THREE-STAGE.JET").string()));
+  const char* tabs[] = {"design-input-main", "design-input-condensible-loads", "design-input-noncondensible-loads",
+                        "design-input-condenser", "design-input-ejector"};
+  for (int t = 0; t < 5; ++t) {
+    input->SSTabInput->setCurrentIndex(t);
+    ok = Save(&window, folder, tabs[t]) && ok;
+  }
+  input->DesignSystem();
+  QElapsedTimer timer;
+  timer.start();
+  while (window.Current() != Form::frmJET0 && timer.elapsed() < 10000) QCoreApplication::processEvents();
+  ok = Save(&window, folder, "design-results") && ok;
+
+  window.SwapForms(Form::frmJET0, Form::ConvertForm);
+  ok = Save(&window, folder, "conversions") && ok;
+  window.SwapForms(Form::ConvertForm, Form::TailLeg);
+  auto* tail = static_cast<TailLegForm*>(window.PageOf(Form::TailLeg));
+  tail->txtTailLeg[1]->setText("50");
+  tail->txtTailLeg[2]->setText("1");
+  tail->cmdCalculate->click();
+  ok = Save(&window, folder, "tail-leg") && ok;
+  window.SwapForms(Form::TailLeg, Form::GasMassVol);
+  auto* gas = static_cast<GasMassVolForm*>(window.PageOf(Form::GasMassVol));
+  gas->model.txtMW = "29";
+  gas->model.txtTemperature[0] = "60";
+  gas->model.txtMassFlow[0] = "100";
+  gas->Calculate();
+  ok = Save(&window, folder, "gas-volume-mass") && ok;
+
+  window.ShowGoFigure();
+  GoFigure* calc = window.goFigure();
+  ReadGoFigure(session.data.paths.usrfiles / "INLET-VOLUME.GFR", calc->model, ui);
+  calc->Show();
+  ok = Save(calc, folder, "nupreir") && ok;
+  return ok ? 0 : 1;
+}
