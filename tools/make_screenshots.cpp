@@ -78,6 +78,19 @@ int main(int argc, char** argv) {
   gas->Calculate();
   ok = Save(&window, folder, "gas-volume-mass") && ok;
 
+  window.SwapForms(Form::GasMassVol, Form::TCInput);
+  auto* tc = static_cast<TCInput*>(window.PageOf(Form::TCInput));
+  tc->OpenFile(QString::fromStdString((session.data.paths.usrfiles / "TC-MEDIUM-RATIO.TTC").string()));
+  ok = Save(&window, folder, "thermo-compressor-input") && ok;
+  tc->Design();
+  ok = Save(&window, folder, "thermo-compressor-results") && ok;
+  window.SwapForms(Form::TCform, Form::dpVac);
+  auto* dp = static_cast<dpVac*>(window.PageOf(Form::dpVac));
+  ReadDpFile(session.data.paths.usrfiles / "LINE-LOSS-HEI.TDP", dp->model, ui);
+  dp->Refresh();
+  dp->Calculate();
+  ok = Save(&window, folder, "gas-pressure-loss") && ok;
+
   window.ShowGoFigure();
   GoFigure* calc = window.goFigure();
   ReadGoFigure(session.data.paths.usrfiles / "INLET-VOLUME.GFR", calc->model, ui);

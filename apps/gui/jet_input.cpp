@@ -226,6 +226,7 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
 
   auto list_row = [this](QFormLayout* form, ListBox box, const char* caption) {
     auto* combo = new QComboBox;
+    combo->setMaximumWidth(340);
     for (auto entry : ListBoxDefinition(box).entries) combo->addItem(Q(entry));
     lists_[static_cast<size_t>(box)] = combo;
     connect(combo, &QComboBox::activated, this, [this, box](int index) {

@@ -25,9 +25,17 @@ MainForm::MainForm(MainWindow& w) : Page(&w) {
          w.SwapForms(Form::MainForm, Form::frmJetInput);
          static_cast<frmJetInput*>(w.PageOf(Form::frmJetInput))->SSTabInput->setCurrentIndex(0);
        }},
+      {"&Thermo Compressor",
+       [&w] {
+         auto* tc = static_cast<TCInput*>(w.PageOf(Form::TCInput));
+         tc->model.TCUSERCASE.clear();
+         tc->model.TCCASENAME.clear();
+         w.SwapForms(Form::MainForm, Form::TCInput);
+       }},
       {"&Conversions", [&w] { w.SwapForms(Form::MainForm, Form::ConvertForm); }},
       {"Tail Leg Height", [&w] { w.SwapForms(Form::MainForm, Form::TailLeg); }},
       {"Gas Volume && Mass", [&w] { w.SwapForms(Form::MainForm, Form::GasMassVol); }},
+      {"Gas Pressure Loss", [&w] { w.SwapForms(Form::MainForm, Form::dpVac); }},
       {"\"Nupreir\"", [&w] { w.ShowGoFigure(); }},
       {"E&xit", [] { QApplication::quit(); }},
   };

@@ -17,6 +17,9 @@ MainWindow::MainWindow(Session& s, QtUi& u) : session(s), ui(u), screen(NewCase(
   AddPage(Form::ConvertForm, new ConvertForm(*this));
   AddPage(Form::TailLeg, new TailLegForm(*this));
   AddPage(Form::GasMassVol, new GasMassVolForm(*this));
+  AddPage(Form::TCInput, new TCInput(*this));
+  AddPage(Form::TCform, new TCform(*this));
+  AddPage(Form::dpVac, new dpVac(*this));
   go_figure_ = new GoFigure(*this);
   resize(1000, 700);  // fits a 1366 x 768 screen with its task bar
   RefreshTitle();

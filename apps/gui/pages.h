@@ -19,6 +19,9 @@
 #include "calculators/gas_flow.h"
 #include "calculators/nupreir.h"
 #include "calculators/tail_leg.h"
+#include "calculators/pressure_drop.h"
+#include "thermo/tc_file.h"
+#include "thermo/thermo_compressor.h"
 #include "main_window.h"
 #include "widgets.h"
 
@@ -141,6 +144,69 @@ class GasMassVolForm : public Page {
  private:
   void Show();
   void Enable();
+  BoxWatcher watcher_;
+};
+
+// The thermo compressor input: headings, six paired values, units, lists; the file menu and the design.
+class TCInput : public Page {
+  Q_OBJECT
+
+ public:
+  explicit TCInput(MainWindow& window);
+  QString Caption() const override { return Q(TcTitle(model)); }
+  void Activate() override { Refresh(); }
+  void Refresh();
+  bool OpenFile(const QString& path);
+  void Design();
+  bool CheckToStore();
+  TCInputScreen model;
+  std::array<QLineEdit*, 3> txtHeadingInput{};
+  std::array<QLineEdit*, kTcInputs> txtInput{}, txtInputA{};
+  std::array<QRadioButton*, 2> OptionUnits{};
+  std::array<QComboBox*, kTcListCount> lists{};
+  QPlainTextEdit* description;
+
+ private:
+  void UnitsChanged();
+  MainWindow& w_;
+  BoxWatcher watcher_;
+};
+
+// The thermo compressor results and the debugger rows.
+class TCform : public Page {
+  Q_OBJECT
+
+ public:
+  explicit TCform(MainWindow& window);
+  QString Caption() const override;
+  void ShowResults(const TcOutcome& outcome);
+  QTableWidget* results;
+  QTableWidget* grid;
+  QLabel* body;
+
+ private:
+  MainWindow& w_;
+};
+
+// The gas pressure loss window: method, units, the 19 fields, the results box and the TDP file.
+class dpVac : public Page {
+  Q_OBJECT
+
+ public:
+  explicit dpVac(MainWindow& window);
+  QString Caption() const override { return Q(DpCaption(model)); }
+  void Refresh();
+  void Calculate();
+  bool CheckToStore();
+  DpScreen model;
+  QRadioButton *hei, *tessel, *standard, *metric;
+  std::array<QLabel*, kDpFields + 1> captions{};
+  std::array<QLineEdit*, kDpFields + 1> txtEV{};
+  QPlainTextEdit* results;
+  QLineEdit* total;
+
+ private:
+  MainWindow& w_;
   BoxWatcher watcher_;
 };
 

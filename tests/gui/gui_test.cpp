@@ -144,6 +144,38 @@ TEST_F(Desktop, NupreirAppendsResultsAndKeepsOneWindow) {
   EXPECT_EQ(calc->cmboExprText->count(), 1);  // the history holds the good expression
 }
 
+TEST_F(Desktop, AThermoCompressorExampleDesignsFromItsWindow) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::TCInput);
+  auto* tc = static_cast<TCInput*>(window->PageOf(Form::TCInput));
+  ASSERT_TRUE(tc->OpenFile(QString::fromStdString((kProgram / "usrfiles" / "TC-METRIC-HIGH-RATIO.TTC").string())));
+  EXPECT_TRUE(tc->txtInput[0]->isReadOnly());  // metric entry: the standard side follows
+  tc->Design();
+  EXPECT_EQ(window->Current(), Form::TCform);
+  auto* results = static_cast<TCform*>(window->PageOf(Form::TCform));
+  EXPECT_EQ(results->results->item(1, 0)->text().toStdString(),
+            Trim(FormatFixed(session.design.STG(1, kStgMOTIVE) / 2.2045993805f, 12.0f)));
+  EXPECT_EQ(results->grid->verticalHeaderItem(2)->text(), "Motive FLow (#/hr)");
+  // A refused case stays on the input with its notice.
+  window->SwapForms(Form::TCform, Form::TCInput);
+  tc->model.txtInput[0] = "26";
+  tc->Design();
+  EXPECT_EQ(window->Current(), Form::TCInput);
+  EXPECT_EQ(ui.notices.back().rfind("Suction pressure outside the range: (3.8 - 10. psia)\r\n", 0), 0u);
+}
+
+TEST_F(Desktop, ThePressureLossWindowCalculatesACase) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::dpVac);
+  auto* dp = static_cast<dpVac*>(window->PageOf(Form::dpVac));
+  ASSERT_TRUE(ReadDpFile(kProgram / "usrfiles" / "LINE-LOSS-HEI.TDP", dp->model, ui));
+  dp->Refresh();
+  EXPECT_FALSE(dp->txtEV[4]->isVisible());  // no viscosity with the chart method
+  dp->Calculate();
+  EXPECT_EQ(dp->total->text().toStdString(), dp->model.total);
+  EXPECT_NE(dp->results->toPlainText().indexOf("Total calculated pressure drop:"), -1);
+}
+
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);

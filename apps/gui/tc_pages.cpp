@@ -1,0 +1,222 @@
+// The thermo compressor windows: the input with its file menu and check, and the results with the debugger rows.
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QMenuBar>
+#include <QVBoxLayout>
+
+#include "pages.h"
+
+namespace kestrane::gui {
+
+namespace {
+
+QString Filter() { return "TTC Files (*.TTC)"; }
+
+}  // namespace
+
+TCInput::TCInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
+  auto* layout = new QVBoxLayout(this);
+  auto* bar = new QMenuBar;
+  layout->setMenuBar(bar);
+  QMenu* file = bar->addMenu("&File");
+  file->addAction("&New", this, [this] {
+    if (!CheckToStore()) return;
+    ClearTCInput(model);
+    Refresh();
+  });
+  file->addAction("&Open...", this, [this] {
+    if (!CheckToStore()) return;
+    const QString path = QFileDialog::getOpenFileName(this, "Get Existing Design", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    if (!path.isEmpty()) OpenFile(path);
+  });
+  file->addAction("&Save", this, [this] {
+    QString path = Q(model.TCUSERCASE);
+    if (path.isEmpty()) path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    if (!path.isEmpty()) SaveTCFileAs(S(path), model, w_.ui);
+    w_.RefreshTitle();
+  });
+  file->addAction("Save &As...", this, [this] {
+    const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    if (!path.isEmpty()) SaveTCFileAs(S(path), model, w_.ui);
+    w_.RefreshTitle();
+  });
+  file->addSeparator();
+  file->addAction("Main &Menu", this, [this] {
+    if (CheckToStore()) w_.SwapForms(Form::TCInput, Form::MainForm);
+  });
+  bar->addAction("&Design Thermo Compressor", this, [this] { Design(); });
+
+  auto* note = new QLabel(Q(kTcNote));
+  note->setWordWrap(true);
+  layout->addWidget(note);
+  auto* grid = new QGridLayout;
+  for (size_t i = 0; i < 3; ++i) {
+    txtHeadingInput[i] = new QLineEdit;
+    grid->addWidget(new QLabel(Q(kTcHeadingCaptions[i])), static_cast<int>(i), 0);
+    grid->addWidget(txtHeadingInput[i], static_cast<int>(i), 1, 1, 3);
+    auto* edit = txtHeadingInput[i];
+    watcher_.Watch(edit, {}, [this, edit, i] {
+      if (model.txtHeadingInput[i] != S(edit->text())) model.TCDIRTY = 1;
+      model.txtHeadingInput[i] = S(edit->text());
+    });
+  }
+  for (int r = 0; r < kTcInputs; ++r) {
+    const auto i = static_cast<size_t>(r);
+    const int row = r + 3;
+    grid->addWidget(new QLabel(Q(kTcInputCaptions[i]).replace("&&", "&")), row, 0);
+    txtInput[i] = new QLineEdit;
+    txtInputA[i] = new QLineEdit;
+    grid->addWidget(txtInput[i], row, 1);
+    grid->addWidget(new QLabel(Q(kTcStandardUnits[i])), row, 2);
+    grid->addWidget(txtInputA[i], row, 3);
+    grid->addWidget(new QLabel(Q(kTcMetricUnits[i])), row, 4);
+    for (bool metric_side : {false, true}) {
+      QLineEdit* edit = metric_side ? txtInputA[i] : txtInput[i];
+      watcher_.Watch(
+          edit, [this, r] { description->setPlainText(Q(TcHint(r))); },
+          [this, edit, r, i, metric_side] {
+            if (edit->isReadOnly()) return;
+            const std::string text = S(edit->text());
+            if (text == (metric_side ? model.txtInputA[i] : model.txtInput[i])) return;
+            EditTcInput(model, r, metric_side, text);
+            Refresh();
+          });
+    }
+  }
+  grid->setColumnStretch(5, 1);
+  layout->addLayout(grid);
+  auto* options = new QHBoxLayout;
+  for (size_t i = 0; i < 2; ++i) {
+    OptionUnits[i] = new QRadioButton(Q(kTcUnitOptions[i]));
+    options->addWidget(OptionUnits[i]);
+    connect(OptionUnits[i], &QRadioButton::clicked, this, [this, i] {
+      SelectTcUnits(model, static_cast<int>(i));
+      UnitsChanged();
+    });
+  }
+  options->addStretch();
+  layout->addLayout(options);
+  auto* form = new QFormLayout;
+  static const char* list_captions[] = {"Suction chamber", "Steam nozzle", "Steam chest", "Nozzle plate", "Code"};
+  for (int l = 0; l < kTcListCount; ++l) {
+    auto* combo = new QComboBox;
+    combo->setMaximumWidth(300);
+    for (auto entry : TcListDefinition(static_cast<TcList>(l)).entries) combo->addItem(Q(entry));
+    lists[static_cast<size_t>(l)] = combo;
+    connect(combo, &QComboBox::activated, this, [this, l](int index) {
+      SelectTcList(model, static_cast<TcList>(l), static_cast<int16_t>(index));
+    });
+    form->addRow(list_captions[l], combo);
+  }
+  layout->addLayout(form);
+  layout->addStretch();
+  description = new QPlainTextEdit;
+  description->setReadOnly(true);
+  description->setMaximumHeight(70);
+  layout->addWidget(description);
+}
+
+void TCInput::UnitsChanged() {
+  const bool metric = model.Metric();
+  for (size_t i = 0; i < kTcInputs; ++i) {
+    txtInput[i]->setReadOnly(metric);
+    txtInputA[i]->setReadOnly(!metric);
+  }
+}
+
+void TCInput::Refresh() {
+  for (size_t i = 0; i < 3; ++i) txtHeadingInput[i]->setText(Q(model.txtHeadingInput[i]));
+  for (size_t i = 0; i < kTcInputs; ++i) {
+    txtInput[i]->setText(Q(model.txtInput[i]));
+    txtInputA[i]->setText(Q(model.txtInputA[i]));
+  }
+  for (size_t i = 0; i < 2; ++i) OptionUnits[i]->setChecked(model.OptionUnits[i] != 0);
+  for (size_t l = 0; l < kTcListCount; ++l) lists[l]->setCurrentIndex(model.lists[l]);
+  UnitsChanged();
+  w_.RefreshTitle();
+}
+
+bool TCInput::OpenFile(const QString& path) {
+  TCInputScreen read;
+  const bool ok = OpenTCFile(S(path), read, w_.ui);
+  model = read;
+  Refresh();
+  return ok;
+}
+
+bool TCInput::CheckToStore() {
+  switch (CheckToStoreTCFile(model, w_.ui)) {
+    case StoreDecision::kNeedsName: {
+      const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
+      return !path.isEmpty() && SaveTCFileAs(S(path), model, w_.ui);
+    }
+    case StoreDecision::kSaveFailed: return false;
+    default: return true;
+  }
+}
+
+void TCInput::Design() {
+  TcInput tcin;
+  if (CheckTCInput(model, w_.session.design, tcin, Steam{w_.session.data.steam, w_.ui}, w_.ui) != 0) return;
+  DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+  const TcOutcome outcome = DesignThermoCompressor(ctx, tcin);
+  static_cast<TCform*>(w_.PageOf(Form::TCform))->ShowResults(outcome);
+  w_.SwapForms(Form::TCInput, Form::TCform);
+}
+
+TCform::TCform(MainWindow& w) : Page(&w), w_(w) {
+  auto* layout = new QVBoxLayout(this);
+  auto* bar = new QMenuBar;
+  layout->setMenuBar(bar);
+  bar->addAction("&Revise Data", this, [this] { w_.SwapForms(Form::TCform, Form::TCInput); });
+  body = new QLabel;
+  layout->addWidget(body);
+  auto* row = new QHBoxLayout;
+  results = new QTableWidget(5, 1);
+  results->horizontalHeader()->hide();
+  results->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  results->setMinimumWidth(360);
+  row->addWidget(results);
+  grid = new QTableWidget(17, 1);
+  grid->horizontalHeader()->hide();
+  grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  grid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  row->addWidget(grid, 1);
+  layout->addLayout(row, 1);
+}
+
+QString TCform::Caption() const {
+  auto* input = static_cast<TCInput*>(w_.PageOf(Form::TCInput));
+  return "Kestrane-Thermo Compressor Results" +
+         (input->model.TCCASENAME.empty() ? QString() : "   " + Q(input->model.TCCASENAME));
+}
+
+void TCform::ShowResults(const TcOutcome& outcome) {
+  auto* input = static_cast<TCInput*>(w_.PageOf(Form::TCInput));
+  const TcResults r = FillTCResults(w_.session.design, input->model.Metric());
+  QStringList captions;
+  for (size_t i = 0; i < r.captions.size(); ++i) {
+    captions << Q(Trim(r.captions[i]));
+    auto* item = new QTableWidgetItem(Q(Trim(r.values[i])));
+    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    results->setItem(static_cast<int>(i), 0, item);
+  }
+  results->setVerticalHeaderLabels(captions);
+  results->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  const auto rows = TcDebuggerGrid(w_.session.design);
+  QStringList labels;
+  for (size_t i = 0; i < rows.size(); ++i) {
+    labels << Q(rows[i].first).trimmed();
+    auto* item = new QTableWidgetItem(Q(Trim(rows[i].second)));
+    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    grid->setItem(static_cast<int>(i), 0, item);
+  }
+  grid->setVerticalHeaderLabels(labels);
+  body->setText(QString("Body type %1, compression ratio %2").arg(outcome.TYPE).arg(outcome.compressionRatio, 0, 'f', 3));
+}
+
+}  // namespace kestrane::gui
