@@ -45,10 +45,15 @@ int main(int argc, char** argv) {
   window.resize(1100, 720);
   window.show();
   if (!window.Start()) return 1;
-  bool ok = Save(&window, folder, "main-menu");
+  bool ok = true;
+  if (window.Current() == Form::frmUserData) ok = Save(&window, folder, "user-information");
+  window.SwapForms(window.Current(), Form::MainForm);
+  ok = Save(&window, folder, "main-menu") && ok;
+  window.SwapForms(Form::MainForm, Form::frmAbout);
+  ok = Save(&window, folder, "about") && ok;
 
   auto* input = static_cast<frmJetInput*>(window.PageOf(Form::frmJetInput));
-  window.SwapForms(Form::MainForm, Form::frmJetInput);
+  window.SwapForms(Form::frmAbout, Form::frmJetInput);
   input->OpenFile(QString::fromStdString((session.data.paths.usrfiles / "SOLVENT-LOADS-THREE-STAGE.JET").string()));
   const char* tabs[] = {"design-input-main", "design-input-condensible-loads", "design-input-noncondensible-loads",
                         "design-input-condenser", "design-input-ejector"};

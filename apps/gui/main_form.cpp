@@ -1,6 +1,7 @@
 // The main menu: the start sequence's texts, then the tools.
 #include <QApplication>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include "pages.h"
@@ -49,12 +50,25 @@ MainForm::MainForm(MainWindow& w) : Page(&w) {
     ++row;
   }
   layout->addLayout(grid);
+  auto* small = new QHBoxLayout;
+  auto* user = new QPushButton("User Information");
+  auto* about = new QPushButton("&About");
+  auto* help = new QPushButton("&Help");
+  connect(user, &QPushButton::clicked, this, [&w] { w.SwapForms(Form::MainForm, Form::frmUserData); });
+  connect(about, &QPushButton::clicked, this, [&w] {
+    w.SwapForms(Form::MainForm, Form::frmAbout);
+    static_cast<frmAbout*>(w.PageOf(Form::frmAbout))->cmdDone->setFocus();
+  });
+  connect(help, &QPushButton::clicked, this, [&w] { w.ShowHelp(); });
+  small->addStretch();
+  for (auto* b : {user, about, help}) small->addWidget(b);
+  layout->addLayout(small);
   layout->addStretch();
   Label3 = new QLabel;
   Label3->setAlignment(Qt::AlignCenter);
   layout->addWidget(Label3);
   connect(&w.ui, &QtUi::statusChanged, this, [this, &w](const QString& text) {
-    if (w.Current() == Form::MainForm) Label3->setText(text);
+    if (w.starting) Label3->setText(text);
   });
 }
 

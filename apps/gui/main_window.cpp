@@ -2,6 +2,9 @@
 #include "main_window.h"
 
 #include <QApplication>
+#include <QShortcut>
+#include <QTextBrowser>
+#include <QUrl>
 
 #include "pages.h"
 #include "shell/startup.h"
@@ -20,6 +23,13 @@ MainWindow::MainWindow(Session& s, QtUi& u) : session(s), ui(u), screen(NewCase(
   AddPage(Form::TCInput, new TCInput(*this));
   AddPage(Form::TCform, new TCform(*this));
   AddPage(Form::dpVac, new dpVac(*this));
+  AddPage(Form::frmUserData, new frmUserData(*this));
+  AddPage(Form::frmAbout, new frmAbout(*this));
+  auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
+  help->setContext(Qt::ApplicationShortcut);
+  connect(help, &QShortcut::activated, this, [this] { ShowHelp(); });
+  // No user information on file: its window opens during the start and the load goes on.
+  connect(&ui, &QtUi::userInfoRequested, this, [this] { SwapForms(current_, Form::frmUserData); });
   go_figure_ = new GoFigure(*this);
   resize(1000, 700);  // fits a 1366 x 768 screen with its task bar
   RefreshTitle();
@@ -50,10 +60,30 @@ void MainWindow::ShowGoFigure() {
 bool MainWindow::Start() {
   auto* menu = static_cast<MainForm*>(pages_.at(Form::MainForm));
   for (auto* b : menu->cmdMain) b->setEnabled(false);
+  starting = true;
   const bool loaded = RunStartSequence(session, ui);
+  starting = false;
   for (auto* b : menu->cmdMain) b->setEnabled(loaded);
   if (!loaded) menu->cmdMain.back()->setEnabled(true);  // Exit stays
   return loaded;
+}
+
+void MainWindow::ShowHelp() {
+  static const std::map<Form, const char*> kAnchors = {
+      {Form::MainForm, "menu"},       {Form::frmJetInput, "design"},   {Form::frmJET0, "results"},
+      {Form::TCInput, "thermo"},      {Form::TCform, "thermo"},        {Form::ConvertForm, "calculators"},
+      {Form::TailLeg, "calculators"}, {Form::GasMassVol, "calculators"}, {Form::dpVac, "calculators"}};
+  if (help_ == nullptr) {
+    help_ = new QTextBrowser;
+    help_->setWindowTitle("Kestrane Help");
+    help_->resize(760, 600);
+  }
+  const auto anchor = kAnchors.find(current_);
+  QUrl url = QUrl::fromLocalFile(QString::fromStdString(session.data.paths.DataFile("KESTRANE-HELP.html").string()));
+  if (anchor != kAnchors.end()) url.setFragment(anchor->second);
+  help_->setSource(url);
+  help_->show();
+  help_->raise();
 }
 
 }  // namespace kestrane::gui

@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QStackedWidget>
+#include <QTextBrowser>
 #include <map>
 
 #include "case/input_screen.h"
@@ -42,6 +43,10 @@ class MainWindow : public QMainWindow {
 
   // The start sequence, its texts shown on the main menu as the data loads.
   bool Start();
+  bool starting = false;
+
+  // The help window at the page of the current form (F1 anywhere).
+  void ShowHelp();
 
   Session& session;
   QtUi& ui;
@@ -53,6 +58,7 @@ class MainWindow : public QMainWindow {
   std::map<Form, Page*> pages_;
   Form current_ = Form::MainForm;
   GoFigure* go_figure_ = nullptr;
+  QTextBrowser* help_ = nullptr;
 };
 
 

@@ -210,6 +210,33 @@ class dpVac : public Page {
   BoxWatcher watcher_;
 };
 
+// The user information printed on every sheet: eight boxes and Done.
+class frmUserData : public Page {
+  Q_OBJECT
+
+ public:
+  explicit frmUserData(MainWindow& window);
+  QString Caption() const override { return "Kestrane-User Information"; }
+  void Activate() override;
+  std::array<QLineEdit*, 8> Text1{};
+  QPushButton* cmdDone;
+
+ private:
+  MainWindow& w_;
+  BoxWatcher watcher_;
+  Form back_ = Form::MainForm;
+};
+
+class frmAbout : public Page {
+  Q_OBJECT
+
+ public:
+  explicit frmAbout(MainWindow& window);
+  QString Caption() const override { return "Kestrane-About"; }
+  QLabel* lblVersion;
+  QPushButton* cmdDone;
+};
+
 // The Nupreir calculator, a window of its own beside the menu.
 class GoFigure : public QWidget {
   Q_OBJECT

@@ -176,6 +176,20 @@ TEST_F(Desktop, ThePressureLossWindowCalculatesACase) {
   EXPECT_NE(dp->results->toPlainText().indexOf("Total calculated pressure drop:"), -1);
 }
 
+TEST_F(Desktop, UserInformationIsKeptWhenDone) {
+  const fs::path folder = fs::temp_directory_path() / ("kestrane_gui_" + std::to_string(::getpid()));
+  fs::create_directories(folder);
+  session.data.paths.pgmfiles = folder;
+  window->SwapForms(Form::MainForm, Form::frmUserData);
+  auto* form = static_cast<frmUserData*>(window->PageOf(Form::frmUserData));
+  form->Text1[0]->setText("Ann Lee");
+  form->cmdDone->click();
+  EXPECT_EQ(window->Current(), Form::MainForm);
+  EXPECT_EQ(session.data.USERINFO(1), "Ann Lee");
+  EXPECT_TRUE(fs::exists(folder / "USERINFO.DTA"));
+  fs::remove_all(folder);
+}
+
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
