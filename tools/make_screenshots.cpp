@@ -96,6 +96,23 @@ int main(int argc, char** argv) {
   dp->Calculate();
   ok = Save(&window, folder, "gas-pressure-loss") && ok;
 
+  window.SwapForms(Form::dpVac, Form::VaporPressureForm);
+  auto* vp = static_cast<VaporPressureForm*>(window.PageOf(Form::VaporPressureForm));
+  vp->search->setText("toluene");
+  vp->vapors->selectRow(0);
+  vp->Calculate();
+  ok = Save(&window, folder, "vapor-pressures") && ok;
+  window.SwapForms(Form::VaporPressureForm, Form::frmMollier);
+  auto* mollier = static_cast<frmMollier*>(window.PageOf(Form::frmMollier));
+  mollier->value->setText("400");
+  mollier->Calculate();
+  ok = Save(&window, folder, "steam-properties") && ok;
+  window.SwapForms(Form::frmMollier, Form::frmUDV);
+  auto* udv = static_cast<frmUDV*>(window.PageOf(Form::frmUDV));
+  udv->grid->selectRow(0);
+  udv->graph->click();
+  ok = Save(&window, folder, "user-defined-vapors") && ok;
+
   window.ShowGoFigure();
   GoFigure* calc = window.goFigure();
   ReadGoFigure(session.data.paths.usrfiles / "INLET-VOLUME.GFR", calc->model, ui);

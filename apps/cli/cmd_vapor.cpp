@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "cli.h"
+#include "properties/vapor_table.h"
 #include "properties/user_vapors.h"
 #include "properties/numeric.h"
 #include "properties/vapor_search.h"
@@ -94,37 +95,32 @@ int Pressure(const GlobalOptions& options, const VaporArgs& args) {
 }
 
 int Table(const GlobalOptions& options, const VaporArgs& args) {
-  if (!(args.step > 0) || args.tmax < args.tmin || (args.tmax - args.tmin) / args.step > 10000) {
-    std::fprintf(stderr, "The table runs from TMIN up to TMAX (not below TMIN) in steps above 0, at most 10000 rows.\n");
-    return kExitUsage;
-  }
   auto session = MakeSession(options);
   CliUi ui(args.json);
   if (!LoadVapors(*session, ui)) return kExitUsage;
   const Vapors vapors{session->data.vapors, session->data.user_vapors, ui};
   const size_t loading_notices = ui.notices.size();
-  nlohmann::json rows = nlohmann::json::array();
-  if (!args.json) std::printf("%12s %16s %5s\n", "T (degF)", "P (mmHgA)", "flag");
-  const int count = static_cast<int>((args.tmax - args.tmin) / args.step + 1e-6);
-  for (int k = 0; k <= count; ++k) {
-    const float t = args.tmin + static_cast<float>(k) * args.step;
-    float pressure = 0;
-    int16_t flag = 0;
-    Antoine(vapors, static_cast<int16_t>(args.id), t, pressure, flag);
-    if (ui.notices.size() > loading_notices) break;  // an unknown vapor or points that cannot be fitted
-    if (args.json) {
-      rows.push_back({{"t", JsonSingle(t)}, {"pressure", JsonSingle(pressure)}, {"flag", flag}});
-    } else {
-      std::printf("%12s %16s %5d\n", GeneralText(t).c_str(), GeneralText(pressure).c_str(), flag);
-    }
+  std::vector<VaporTableRow> rows;
+  const bool done = VaporPressureTable(vapors, static_cast<int16_t>(args.id), args.tmin, args.tmax, args.step, rows);
+  if (!done && ui.notices.size() == loading_notices) {
+    std::fprintf(stderr, "The table runs from TMIN up to TMAX (not below TMIN) in steps above 0, at most 10000 rows.\n");
+    return kExitUsage;
   }
   if (args.json) {
     nlohmann::json doc;
-    doc["rows"] = rows;
+    doc["rows"] = nlohmann::json::array();
+    for (const auto& row : rows) {
+      doc["rows"].push_back({{"t", JsonSingle(row.t)}, {"pressure", JsonSingle(row.pressure)}, {"flag", row.flag}});
+    }
     doc["notices"] = ui.notices;
     PrintJson(doc);
+  } else {
+    std::printf("%12s %16s %5s\n", "T (degF)", "P (mmHgA)", "flag");
+    for (const auto& row : rows) {
+      std::printf("%12s %16s %5d\n", GeneralText(row.t).c_str(), GeneralText(row.pressure).c_str(), row.flag);
+    }
   }
-  return ui.notices.size() > loading_notices ? kExitRefused : kExitDone;
+  return done ? kExitDone : kExitRefused;
 }
 
 }  // namespace

@@ -33,7 +33,10 @@ MainForm::MainForm(MainWindow& w) : Page(&w) {
          tc->model.TCCASENAME.clear();
          w.SwapForms(Form::MainForm, Form::TCInput);
        }},
+      {"Vapor &Pressures", [&w] { w.SwapForms(Form::MainForm, Form::VaporPressureForm); }},
+      {"&Mollier", [&w] { w.SwapForms(Form::MainForm, Form::frmMollier); }},
       {"&Conversions", [&w] { w.SwapForms(Form::MainForm, Form::ConvertForm); }},
+      {"User Defined Vapors", [&w] { w.SwapForms(Form::MainForm, Form::frmUDV); }},
       {"Tail Leg Height", [&w] { w.SwapForms(Form::MainForm, Form::TailLeg); }},
       {"Gas Volume && Mass", [&w] { w.SwapForms(Form::MainForm, Form::GasMassVol); }},
       {"Gas Pressure Loss", [&w] { w.SwapForms(Form::MainForm, Form::dpVac); }},

@@ -23,6 +23,9 @@ MainWindow::MainWindow(Session& s, QtUi& u) : session(s), ui(u), screen(NewCase(
   AddPage(Form::TCInput, new TCInput(*this));
   AddPage(Form::TCform, new TCform(*this));
   AddPage(Form::dpVac, new dpVac(*this));
+  AddPage(Form::VaporPressureForm, new VaporPressureForm(*this));
+  AddPage(Form::frmMollier, new frmMollier(*this));
+  AddPage(Form::frmUDV, new frmUDV(*this));
   AddPage(Form::frmUserData, new frmUserData(*this));
   AddPage(Form::frmAbout, new frmAbout(*this));
   auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);

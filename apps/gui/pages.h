@@ -21,6 +21,8 @@
 #include "calculators/tail_leg.h"
 #include "calculators/pressure_drop.h"
 #include "thermo/tc_file.h"
+#include "properties/user_vapors.h"
+#include "properties/vapor_table.h"
 #include "thermo/thermo_compressor.h"
 #include "main_window.h"
 #include "widgets.h"
@@ -235,6 +237,66 @@ class frmAbout : public Page {
   QString Caption() const override { return "Kestrane-About"; }
   QLabel* lblVersion;
   QPushButton* cmdDone;
+};
+
+// Vapor pressures: a vapor from the grid, a table over a temperature range and its chart on a logarithmic axis.
+class VaporPressureForm : public Page {
+  Q_OBJECT
+
+ public:
+  explicit VaporPressureForm(MainWindow& window);
+  QString Caption() const override { return "Kestrane-Vapor Pressures"; }
+  void Activate() override;
+  void Calculate();
+  QLineEdit* search;
+  QTableWidget* vapors;
+  QLineEdit *tmin, *tmax, *step;
+  QRadioButton *fahrenheit, *celsius;
+  QTableWidget* table;
+  class QChartView* chart;
+
+ private:
+  void Fill();
+  MainWindow& w_;
+};
+
+// Steam properties: a state from pressure with temperature, enthalpy or entropy, or saturation from temperature.
+class frmMollier : public Page {
+  Q_OBJECT
+
+ public:
+  explicit frmMollier(MainWindow& window);
+  QString Caption() const override { return "Kestrane-Steam Properties"; }
+  void Calculate();
+  QComboBox *mode, *unit;
+  QLineEdit *pressure, *value;
+  QTableWidget* state;
+
+ private:
+  MainWindow& w_;
+};
+
+// User defined vapors: the grid, browse and edit states, and the vapor pressure graph.
+class frmUDV : public Page {
+  Q_OBJECT
+
+ public:
+  explicit frmUDV(MainWindow& window);
+  QString Caption() const override { return "Kestrane-User Defined Vapors"; }
+  void Activate() override { Refresh(); }
+  void Refresh();
+  UdvScreen model;
+  QTableWidget* grid;
+  std::array<QLineEdit*, 9> TextUDV{};
+  QCheckBox* alcohol;
+  QRadioButton *fahrenheit, *celsius;
+  QPushButton *add, *edit, *remove, *update, *abort, *graph;
+  class QChartView* chart;
+
+ private:
+  void Take();
+  int SelectedId() const;
+  MainWindow& w_;
 };
 
 // The Nupreir calculator, a window of its own beside the menu.

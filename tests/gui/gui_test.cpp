@@ -190,6 +190,26 @@ TEST_F(Desktop, UserInformationIsKeptWhenDone) {
   fs::remove_all(folder);
 }
 
+TEST_F(Desktop, VaporPressuresAndSteamStatesShowTheModelsValues) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::VaporPressureForm);
+  auto* vp = static_cast<VaporPressureForm*>(window->PageOf(Form::VaporPressureForm));
+  vp->search->setText("ethanol");
+  ASSERT_GT(vp->vapors->rowCount(), 0);
+  vp->vapors->selectRow(0);
+  vp->tmin->setText("122");
+  vp->tmax->setText("122");
+  vp->Calculate();
+  ASSERT_EQ(vp->table->rowCount(), 1);
+  EXPECT_NEAR(vp->table->item(0, 1)->text().toDouble(), 221.1, 2.5);  // ethanol at 50 C
+  window->SwapForms(Form::VaporPressureForm, Form::frmMollier);
+  auto* mollier = static_cast<frmMollier*>(window->PageOf(Form::frmMollier));
+  mollier->mode->setCurrentIndex(3);
+  mollier->value->setText("212");
+  mollier->Calculate();
+  EXPECT_NEAR(mollier->state->item(0, 1)->text().toDouble(), 760.0, 1.0);
+}
+
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);

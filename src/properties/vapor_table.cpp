@@ -1,0 +1,46 @@
+// A vapor's pressures over a temperature range, for the vapor pressure window and command.
+#include "properties/vapor_table.h"
+
+#include "properties/user_vapors.h"
+
+namespace kestrane {
+
+namespace {
+
+// Counts the notices shown while the table is made: one means the vapor cannot be evaluated.
+class CountingUi : public Ui {
+ public:
+  explicit CountingUi(Ui& inner) : inner_(inner) {}
+  void notice(const std::string& text) override {
+    ++notices;
+    inner_.notice(text);
+  }
+  bool ask(const std::string& text, const std::string& title) override { return inner_.ask(text, title); }
+  void status(const std::string& text) override { inner_.status(text); }
+  void progress(const std::string& text) override { inner_.progress(text); }
+  int notices = 0;
+
+ private:
+  Ui& inner_;
+};
+
+}  // namespace
+
+bool VaporPressureTable(const Vapors& vapors, int16_t id, float tmin, float tmax, float step,
+                        std::vector<VaporTableRow>& rows) {
+  rows.clear();
+  if (!(step > 0) || tmax < tmin || (tmax - tmin) / step > 10000) return false;
+  CountingUi ui(vapors.ui);
+  const Vapors counted{vapors.data, vapors.user, ui};
+  const int count = static_cast<int>((tmax - tmin) / step + 1e-6);
+  for (int k = 0; k <= count; ++k) {
+    VaporTableRow row;
+    row.t = tmin + static_cast<float>(k) * step;
+    Antoine(counted, id, row.t, row.pressure, row.flag);
+    if (ui.notices > 0) return false;  // an unknown vapor or points that cannot be fitted
+    rows.push_back(row);
+  }
+  return true;
+}
+
+}  // namespace kestrane

@@ -1,0 +1,23 @@
+// A vapor's pressures over a temperature range, for the vapor pressure window and command.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "properties/vapors.h"
+
+namespace kestrane {
+
+struct VaporTableRow {
+  float t = 0;         // degF
+  float pressure = 0;  // mmHgA
+  int16_t flag = 0;    // 1 outside the vapor's range of data
+};
+
+// From tmin to tmax (degF) in steps of `step`: false, with no rows past it,
+// when the range is not sensible (step not above 0, tmax below tmin, more than
+// 10000 rows) or the vapor cannot be evaluated (its notice has been shown).
+bool VaporPressureTable(const Vapors& vapors, int16_t id, float tmin, float tmax, float step,
+                        std::vector<VaporTableRow>& rows);
+
+}  // namespace kestrane
