@@ -2,6 +2,7 @@
 #include "main_window.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QUrl>
@@ -69,6 +70,20 @@ bool MainWindow::Start() {
   for (auto* b : menu->cmdMain) b->setEnabled(loaded);
   if (!loaded) menu->cmdMain.back()->setEnabled(true);  // Exit stays
   return loaded;
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  const bool keep = !static_cast<frmJetInput*>(pages_.at(Form::frmJetInput))->CheckToStore() ||
+                    !static_cast<TCInput*>(pages_.at(Form::TCInput))->CheckToStore() ||
+                    !static_cast<dpVac*>(pages_.at(Form::dpVac))->CheckToStore();
+  if (keep) {
+    event->ignore();
+    return;
+  }
+  session.EXITING = -1;
+  go_figure_->close();
+  event->accept();
+  QApplication::quit();
 }
 
 void MainWindow::ShowHelp() {

@@ -52,6 +52,10 @@ class MainWindow : public QMainWindow {
   QtUi& ui;
   InputScreen screen;  // the design case on the input page
 
+ protected:
+  // Closing the program: each form with unsaved input asks first; a cancelled save keeps the program open.
+  void closeEvent(QCloseEvent* event) override;
+
  private:
   void AddPage(Form form, Page* page);
   QStackedWidget* stack_;

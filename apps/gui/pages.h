@@ -57,6 +57,8 @@ class frmJetInput : public Page {
   QPlainTextEdit* txtboxMainInputDescription;
   QTableWidget* vaporGrid;
   QLineEdit* vaporSearch;
+  // The save question before unsaved input is lost; false when the user's save did not happen.
+  bool CheckToStore();
 
  signals:
   void designFinished(bool results);
@@ -64,7 +66,6 @@ class frmJetInput : public Page {
  private:
   void Leave(BoxRef box);
   void UnitsChanged();
-  bool CheckToStore();
   void FillVaporGrid();
   MainWindow& w_;
   BoxWatcher watcher_;

@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QFocusEvent>
 #include <QGroupBox>
+#include <cstdio>
 #include <filesystem>
 
 #include "main_window.h"
@@ -208,6 +209,43 @@ TEST_F(Desktop, VaporPressuresAndSteamStatesShowTheModelsValues) {
   mollier->value->setText("212");
   mollier->Calculate();
   EXPECT_NEAR(mollier->state->item(0, 1)->text().toDouble(), 760.0, 1.0);
+}
+
+TEST_F(Desktop, EveryExampleDesignsFromTheWindowAsOnTheCommandLine) {
+  ASSERT_TRUE(window->Start());
+  int designed = 0;
+  for (const auto& entry : fs::directory_iterator(kProgram / "usrfiles")) {
+    if (entry.path().extension() != ".JET") continue;
+    SCOPED_TRACE(entry.path().filename().string());
+    window->SwapForms(window->Current(), Form::frmJetInput);
+    ASSERT_TRUE(Input()->OpenFile(QString::fromStdString(entry.path().string())));
+    // As a program just started: a four stage run fixes the A-B pressure of the later runs of a session.
+    session.PINTERFIX = 0;
+    bool finished = false;
+    auto connection = QObject::connect(Input(), &frmJetInput::designFinished, [&](bool) { finished = true; });
+    Input()->DesignSystem();
+    ASSERT_TRUE(WaitFor([&] { return finished; }));
+    QObject::disconnect(connection);
+    // The command line's results text for the same case, run in a fresh session.
+    const std::string command = std::string(KESTRANE_CLI) + " design '" + entry.path().string() + "' 2>/dev/null";
+    std::string text;
+    if (FILE* pipe = popen(command.c_str(), "r")) {
+      char buffer[4096];
+      while (size_t n = fread(buffer, 1, sizeof buffer, pipe)) text.append(buffer, n);
+      pclose(pipe);
+    }
+    const QString motive = FrameValue("Utilities", session.design.NSTAGES > 0 && window->screen.Metric()
+                                                       ? "Total Motive Steam (kg/h)"
+                                                       : "Total Motive Steam (#/hr)");
+    if (session.design.LRVPERR != 0) {
+      EXPECT_NE(text.find("LRVP Error"), std::string::npos);
+      continue;
+    }
+    ASSERT_FALSE(motive.isEmpty());
+    EXPECT_NE(text.find(" " + motive.toStdString() + "\n"), std::string::npos) << text;
+    ++designed;
+  }
+  EXPECT_GE(designed, 9);
 }
 
 int main(int argc, char** argv) {
