@@ -31,7 +31,7 @@ QString Coloured(const std::string& results) {
 
 }  // namespace
 
-GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w) {
+GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w), watcher_(this) {
   setWindowTitle(Q(NupreirCaption(model)));
   resize(640, 520);
   auto* layout = new QVBoxLayout(this);
@@ -71,6 +71,8 @@ GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w) {
     values[i] = new QLineEdit;
     vars->addWidget(names[i], static_cast<int>(i) + 1, 0);
     vars->addWidget(values[i], static_cast<int>(i) + 1, 1);
+    watcher_.Watch(names[i]);
+    watcher_.Watch(values[i], [this, i] { last_value_ = i; });
   }
   layout->addLayout(vars);
   auto* options = new QHBoxLayout;
@@ -80,6 +82,9 @@ GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w) {
   options->addWidget(degrees);
   options->addWidget(radians);
   options->addStretch();
+  auto* grab = new QPushButton("&Grab");
+  options->addWidget(grab);
+  connect(grab, &QPushButton::clicked, this, [this] { Grab(); });
   auto* calculate = new QPushButton("&Calculate");
   calculate->setDefault(true);
   options->addWidget(calculate);
@@ -109,6 +114,15 @@ void GoFigure::Show() {
   results->setHtml(Coloured(model.results));
   results->moveCursor(QTextCursor::End);
   setWindowTitle(Q(NupreirCaption(model)));
+}
+
+void GoFigure::Grab() {
+  const QStringList lines = Q(model.results).split("\r\n", Qt::SkipEmptyParts);
+  if (lines.isEmpty()) return;
+  QString latest = lines.last();
+  const int eq = latest.lastIndexOf("=");
+  if (eq >= 0) latest = latest.mid(eq + 1);
+  values[last_value_]->setText(latest.trimmed());
 }
 
 void GoFigure::Calculate() {

@@ -1,4 +1,5 @@
 // The results window of a design: its frames laid out by the parts of the train that exist, the debugger grid and the pump error.
+#include <QFileDialog>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QMenuBar>
@@ -47,9 +48,29 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   auto* bar = new QMenuBar;
   layout->setMenuBar(bar);
   QMenu* file = bar->addMenu("&File");
-  file->addAction("&Save", this, [this] {
-    if (!w_.screen.USERCASE.empty()) WriteCase(w_.screen.USERCASE, w_.screen, w_.ui);
+  const auto save_as = [this] {
+    const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()),
+                                                      "JET Files (*.JET)");
+    if (!path.isEmpty()) SaveCaseAs(S(path), w_.screen, w_.ui);
+    w_.RefreshTitle();
+  };
+  file->addAction("&Open...", this, [this] {
+    auto* input = static_cast<frmJetInput*>(w_.PageOf(Form::frmJetInput));
+    if (!input->CheckToStore()) return;
+    const QString path = QFileDialog::getOpenFileName(this, "Get Existing Design", Q(w_.session.data.paths.usrfiles.string()),
+                                                      "JET Files (*.JET)");
+    if (path.isEmpty()) return;
+    input->OpenFile(path);
+    w_.SwapForms(Form::frmJET0, Form::frmJetInput);
   });
+  file->addAction("&Save", this, [this, save_as] {
+    if (w_.screen.USERCASE.empty()) {
+      save_as();
+    } else {
+      WriteCase(w_.screen.USERCASE, w_.screen, w_.ui);
+    }
+  });
+  file->addAction("Save &As...", this, save_as);
   bar->addAction("&Revise Data", this, [this] { w_.SwapForms(Form::frmJET0, Form::frmJetInput); });
   lblMessage = new QLabel;
   lblMessage->setStyleSheet("color: red; font-weight: bold;");

@@ -110,6 +110,7 @@ class ConvertForm : public Page {
 
  private:
   MainWindow& w_;
+  QLabel* from_unit_;
   CvrtTable table_;
   bool loaded_ = false;
 };
@@ -311,6 +312,8 @@ class GoFigure : public QWidget {
   NupreirScreen model;
   QComboBox* cmboExprText;
   std::array<QLineEdit*, kNupreirVariables> names{}, values{};
+  // Grab: the latest result into the value box last used (the text of a line with "=" cut at it).
+  void Grab();
   QRadioButton *degrees, *radians;
   QTextEdit* results;
 
@@ -320,6 +323,8 @@ class GoFigure : public QWidget {
  private:
   void Take();  // the widgets into the model
   MainWindow& w_;
+  BoxWatcher watcher_;
+  size_t last_value_ = 0;
 };
 
 }  // namespace kestrane::gui

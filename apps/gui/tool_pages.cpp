@@ -34,9 +34,13 @@ ConvertForm::ConvertForm(MainWindow& w) : Page(&w), w_(w) {
   layout->addLayout(row, 1);
   auto* form = new QFormLayout;
   value = new QLineEdit("1");
+  from_unit_ = new QLabel;
   result = new QLabel;
   result->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  form->addRow("Value", value);
+  auto* value_row = new QHBoxLayout;
+  value_row->addWidget(value);
+  value_row->addWidget(from_unit_);
+  form->addRow("Value", value_row);
   form->addRow("Result", result);
   layout->addLayout(form);
   layout->addWidget(ExitButton(w, Form::ConvertForm, this), 0, Qt::AlignRight);
@@ -64,6 +68,7 @@ void ConvertForm::CVRT() {
   const int from = unitList[0]->currentRow() + 1, to = unitList[1]->currentRow() + 1;
   if (c < 0 || from < 1 || to < 1) return;
   const CvrtCategory& cat = table_.categories[static_cast<size_t>(c)];
+  from_unit_->setText(Q(cat.units[static_cast<size_t>(from - 1)].short_name));
   result->setText(Q(kestrane::CVRT(cat, from, to, Val(S(value->text())))) + " " +
                   Q(cat.units[static_cast<size_t>(to - 1)].short_name));
 }

@@ -143,6 +143,8 @@ TEST_F(Desktop, NupreirAppendsResultsAndKeepsOneWindow) {
   EXPECT_EQ(ui.notices.back(), "Too many )s in '1+2)+(3+4'");
   EXPECT_EQ(calc->results->toPlainText().count(" = "), 1);
   EXPECT_EQ(calc->cmboExprText->count(), 1);  // the history holds the good expression
+  calc->Grab();
+  EXPECT_EQ(calc->values[0]->text().toStdString(), "64");
 }
 
 TEST_F(Desktop, AThermoCompressorExampleDesignsFromItsWindow) {
