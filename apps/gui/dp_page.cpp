@@ -29,13 +29,13 @@ dpVac::dpVac(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   });
   file->addAction("&Open...", this, [this] {
     if (!CheckToStore()) return;
-    const QString path = QFileDialog::getOpenFileName(this, "Get Existing Design", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    const QString path = w_.OpenPath(this, Filter());
     if (path.isEmpty()) return;
     ReadDpFile(S(path), model, w_.ui);
     Refresh();
   });
   file->addAction("Save &As...", this, [this] {
-    const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    const QString path = w_.SavePath(this, Filter());
     if (!path.isEmpty()) WriteDpFile(S(path), model, w_.ui);
     w_.RefreshTitle();
   });
@@ -134,14 +134,8 @@ void dpVac::Calculate() {
 }
 
 bool dpVac::CheckToStore() {
-  switch (CheckToStoreDpFile(model, w_.ui)) {
-    case StoreDecision::kNeedsName: {
-      const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
-      return !path.isEmpty() && WriteDpFile(S(path), model, w_.ui);
-    }
-    case StoreDecision::kSaveFailed: return false;
-    default: return true;
-  }
+  return w_.Resolve(CheckToStoreDpFile(model, w_.ui), this, Filter(),
+                    [this](const std::string& path) { return WriteDpFile(path, model, w_.ui); });
 }
 
 }  // namespace kestrane::gui

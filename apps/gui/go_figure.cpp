@@ -46,13 +46,13 @@ GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w), watcher
     }
   });
   file->addAction("&Open...", this, [this] {
-    const QString path = QFileDialog::getOpenFileName(this, "Get Existing Design", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    const QString path = w_.OpenPath(this, Filter());
     if (path.isEmpty()) return;
     ReadGoFigure(S(path), model, w_.ui);
     Show();
   });
   file->addAction("Save &As...", this, [this] {
-    const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    const QString path = w_.SavePath(this, Filter());
     if (path.isEmpty()) return;
     Take();
     WriteGoFigure(S(path), model, w_.ui);
@@ -135,7 +135,7 @@ void GoFigure::Calculate() {
 void GoFigure::closeEvent(QCloseEvent* event) {
   Take();
   if (CheckToStoreGoFigureFile(model, w_.ui) == StoreDecision::kNeedsName) {
-    const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    const QString path = w_.SavePath(this, Filter());
     if (!path.isEmpty()) WriteGoFigure(S(path), model, w_.ui);
   }
   event->accept();

@@ -49,16 +49,14 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   layout->setMenuBar(bar);
   QMenu* file = bar->addMenu("&File");
   const auto save_as = [this] {
-    const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()),
-                                                      "JET Files (*.JET)");
+    const QString path = w_.SavePath(this, "JET Files (*.JET)");
     if (!path.isEmpty()) SaveCaseAs(S(path), w_.screen, w_.ui);
     w_.RefreshTitle();
   };
   file->addAction("&Open...", this, [this] {
     auto* input = static_cast<frmJetInput*>(w_.PageOf(Form::frmJetInput));
     if (!input->CheckToStore()) return;
-    const QString path = QFileDialog::getOpenFileName(this, "Get Existing Design", Q(w_.session.data.paths.usrfiles.string()),
-                                                      "JET Files (*.JET)");
+    const QString path = w_.OpenPath(this, "JET Files (*.JET)");
     if (path.isEmpty()) return;
     input->OpenFile(path);
     w_.SwapForms(Form::frmJET0, Form::frmJetInput);

@@ -46,20 +46,20 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   });
   file->addAction("&Open...", this, [this] {
     if (!CheckToStore()) return;
-    const QString path = QFileDialog::getOpenFileName(this, "Get Existing Design", Q(w_.session.data.paths.usrfiles.string()), FilterJet());
+    const QString path = w_.OpenPath(this, FilterJet());
     if (!path.isEmpty()) OpenFile(path);
   });
   file->addAction("&Save", this, [this] {
     if (!w_.screen.USERCASE.empty()) {
       WriteCase(w_.screen.USERCASE, w_.screen, w_.ui);
     } else {
-      const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), FilterJet());
+      const QString path = w_.SavePath(this, FilterJet());
       if (!path.isEmpty()) SaveCaseAs(S(path), w_.screen, w_.ui);
     }
     w_.RefreshTitle();
   });
   file->addAction("Save &As...", this, [this] {
-    const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), FilterJet());
+    const QString path = w_.SavePath(this, FilterJet());
     if (!path.isEmpty()) SaveCaseAs(S(path), w_.screen, w_.ui);
     w_.RefreshTitle();
   });
@@ -346,14 +346,8 @@ void frmJetInput::Leave(BoxRef box) {
 }
 
 bool frmJetInput::CheckToStore() {
-  switch (CheckToStoreJetFile(w_.screen, w_.ui)) {
-    case StoreDecision::kNeedsName: {
-      const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), FilterJet());
-      return !path.isEmpty() && SaveCaseAs(S(path), w_.screen, w_.ui);
-    }
-    case StoreDecision::kSaveFailed: return false;
-    default: return true;
-  }
+  return w_.Resolve(CheckToStoreJetFile(w_.screen, w_.ui), this, FilterJet(),
+                    [this](const std::string& path) { return SaveCaseAs(path, w_.screen, w_.ui); });
 }
 
 bool frmJetInput::OpenFile(const QString& path) {

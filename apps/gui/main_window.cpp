@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileDialog>
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QUrl>
@@ -70,6 +71,28 @@ bool MainWindow::Start() {
   for (auto* b : menu->cmdMain) b->setEnabled(loaded);
   if (!loaded) menu->cmdMain.back()->setEnabled(true);  // Exit stays
   return loaded;
+}
+
+QString MainWindow::OpenPath(QWidget* parent, const QString& filter) {
+  return QFileDialog::getOpenFileName(parent, "Get Existing Design", QString::fromStdString(session.data.paths.usrfiles.string()),
+                                      filter);
+}
+
+QString MainWindow::SavePath(QWidget* parent, const QString& filter) {
+  return QFileDialog::getSaveFileName(parent, "Save File As", QString::fromStdString(session.data.paths.usrfiles.string()),
+                                      filter);
+}
+
+bool MainWindow::Resolve(StoreDecision decision, QWidget* parent, const QString& filter,
+                         const std::function<bool(const std::string&)>& save_as) {
+  switch (decision) {
+    case StoreDecision::kNeedsName: {
+      const QString path = SavePath(parent, filter);
+      return !path.isEmpty() && save_as(path.toStdString());
+    }
+    case StoreDecision::kSaveFailed: return false;
+    default: return true;
+  }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

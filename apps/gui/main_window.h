@@ -7,6 +7,7 @@
 #include <map>
 
 #include "case/input_screen.h"
+#include "case/jet_file.h"
 #include "engine/design_context.h"
 #include "qt_ui.h"
 #include "shell/forms.h"
@@ -40,6 +41,14 @@ class MainWindow : public QMainWindow {
   void ShowGoFigure();
   GoFigure* goFigure() const { return go_figure_; }
   void RefreshTitle();
+
+  // The file dialogs of the forms: their titles, the usrfiles folder and the form's filter; empty when cancelled.
+  QString OpenPath(QWidget* parent, const QString& filter);
+  QString SavePath(QWidget* parent, const QString& filter);
+  // After the save question: a new case that the user wants saved is saved under a name asked for.
+  // True when the input may be left (unchanged, declined or saved).
+  bool Resolve(StoreDecision decision, QWidget* parent, const QString& filter,
+               const std::function<bool(const std::string&)>& save_as);
 
   // The start sequence, its texts shown on the main menu as the data loads.
   bool Start();

@@ -30,17 +30,17 @@ TCInput::TCInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   });
   file->addAction("&Open...", this, [this] {
     if (!CheckToStore()) return;
-    const QString path = QFileDialog::getOpenFileName(this, "Get Existing Design", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    const QString path = w_.OpenPath(this, Filter());
     if (!path.isEmpty()) OpenFile(path);
   });
   file->addAction("&Save", this, [this] {
     QString path = Q(model.TCUSERCASE);
-    if (path.isEmpty()) path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    if (path.isEmpty()) path = w_.SavePath(this, Filter());
     if (!path.isEmpty()) SaveTCFileAs(S(path), model, w_.ui);
     w_.RefreshTitle();
   });
   file->addAction("Save &As...", this, [this] {
-    const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
+    const QString path = w_.SavePath(this, Filter());
     if (!path.isEmpty()) SaveTCFileAs(S(path), model, w_.ui);
     w_.RefreshTitle();
   });
@@ -149,14 +149,8 @@ bool TCInput::OpenFile(const QString& path) {
 }
 
 bool TCInput::CheckToStore() {
-  switch (CheckToStoreTCFile(model, w_.ui)) {
-    case StoreDecision::kNeedsName: {
-      const QString path = QFileDialog::getSaveFileName(this, "Save File As", Q(w_.session.data.paths.usrfiles.string()), Filter());
-      return !path.isEmpty() && SaveTCFileAs(S(path), model, w_.ui);
-    }
-    case StoreDecision::kSaveFailed: return false;
-    default: return true;
-  }
+  return w_.Resolve(CheckToStoreTCFile(model, w_.ui), this, Filter(),
+                    [this](const std::string& path) { return SaveTCFileAs(path, model, w_.ui); });
 }
 
 void TCInput::Design() {
