@@ -70,13 +70,13 @@ int main(int argc, char** argv) {
   window.SwapForms(Form::frmJET0, Form::ConvertForm);
   ok = Save(&window, folder, "conversions") && ok;
   window.SwapForms(Form::ConvertForm, Form::TailLeg);
-  auto* tail = static_cast<TailLegForm*>(window.PageOf(Form::TailLeg));
+  auto* tail = static_cast<TailLeg*>(window.PageOf(Form::TailLeg));
   tail->txtTailLeg[1]->setText("50");
   tail->txtTailLeg[2]->setText("1");
   tail->cmdCalculate->click();
   ok = Save(&window, folder, "tail-leg") && ok;
   window.SwapForms(Form::TailLeg, Form::GasMassVol);
-  auto* gas = static_cast<GasMassVolForm*>(window.PageOf(Form::GasMassVol));
+  auto* gas = static_cast<GasMassVol*>(window.PageOf(Form::GasMassVol));
   gas->model.txtMW = "29";
   gas->model.txtTemperature[0] = "60";
   gas->model.txtMassFlow[0] = "100";

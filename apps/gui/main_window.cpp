@@ -20,8 +20,8 @@ MainWindow::MainWindow(Session& s, QtUi& u) : session(s), ui(u), screen(NewCase(
   AddPage(Form::frmJetInput, new frmJetInput(*this));
   AddPage(Form::frmJET0, new frmJET0(*this));
   AddPage(Form::ConvertForm, new ConvertForm(*this));
-  AddPage(Form::TailLeg, new TailLegForm(*this));
-  AddPage(Form::GasMassVol, new GasMassVolForm(*this));
+  AddPage(Form::TailLeg, new TailLeg(*this));
+  AddPage(Form::GasMassVol, new GasMassVol(*this));
   AddPage(Form::TCInput, new TCInput(*this));
   AddPage(Form::TCform, new TCform(*this));
   AddPage(Form::dpVac, new dpVac(*this));

@@ -115,11 +115,11 @@ class ConvertForm : public Page {
   bool loaded_ = false;
 };
 
-class TailLegForm : public Page {
+class TailLeg : public Page {
   Q_OBJECT
 
  public:
-  explicit TailLegForm(MainWindow& window);
+  explicit TailLeg(MainWindow& window);
   QString Caption() const override { return "Kestrane-Tail Leg Height"; }
   std::array<QLineEdit*, 3> txtTailLeg{};
   std::array<QLabel*, 2> lblAns{};
@@ -130,11 +130,11 @@ class TailLegForm : public Page {
   TailLegScreen model_;
 };
 
-class GasMassVolForm : public Page {
+class GasMassVol : public Page {
   Q_OBJECT
 
  public:
-  explicit GasMassVolForm(MainWindow& window);
+  explicit GasMassVol(MainWindow& window);
   QString Caption() const override { return "Kestrane-Gas Volume & Mass"; }
   void Calculate();
   GasFlowScreen model;

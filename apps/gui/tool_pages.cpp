@@ -75,7 +75,7 @@ void ConvertForm::CVRT() {
 
 // --- Tail leg ------------------------------------------------------------------
 
-TailLegForm::TailLegForm(MainWindow& w) : Page(&w), watcher_(this) {
+TailLeg::TailLeg(MainWindow& w) : Page(&w), watcher_(this) {
   auto* layout = new QVBoxLayout(this);
   auto* note = new QLabel(Q(kTailLegNote));
   note->setWordWrap(true);
@@ -117,7 +117,7 @@ TailLegForm::TailLegForm(MainWindow& w) : Page(&w), watcher_(this) {
 
 // --- Gas volume and mass ------------------------------------------------------
 
-GasMassVolForm::GasMassVolForm(MainWindow& w) : Page(&w), watcher_(this) {
+GasMassVol::GasMassVol(MainWindow& w) : Page(&w), watcher_(this) {
   auto* layout = new QVBoxLayout(this);
   auto* note = new QLabel(Q(kGasFlowNote));
   note->setWordWrap(true);
@@ -184,12 +184,12 @@ GasMassVolForm::GasMassVolForm(MainWindow& w) : Page(&w), watcher_(this) {
   Show();
 }
 
-void GasMassVolForm::Calculate() {
+void GasMassVol::Calculate() {
   GasMassVolCalcs(model);
   Show();
 }
 
-void GasMassVolForm::Show() {
+void GasMassVol::Show() {
   txtMW->setText(Q(model.txtMW));
   for (size_t i = 0; i < 5; ++i) txtPressure[i]->setText(Q(model.txtPressure[i]));
   for (size_t i = 0; i < 2; ++i) txtTemperature[i]->setText(Q(model.txtTemperature[i]));
@@ -199,7 +199,7 @@ void GasMassVolForm::Show() {
   Enable();
 }
 
-void GasMassVolForm::Enable() {
+void GasMassVol::Enable() {
   for (size_t i = 0; i < 5; ++i) txtPressure[i]->setReadOnly(!GasBoxEnabled(model, GasGroup::kPressure, static_cast<int>(i)));
   for (size_t i = 0; i < 2; ++i) txtTemperature[i]->setReadOnly(!GasBoxEnabled(model, GasGroup::kTemperature, static_cast<int>(i)));
   for (size_t i = 0; i < 2; ++i) txtMassFlow[i]->setReadOnly(!GasBoxEnabled(model, GasGroup::kMassFlow, static_cast<int>(i)));
