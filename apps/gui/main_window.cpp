@@ -96,7 +96,9 @@ bool MainWindow::Resolve(StoreDecision decision, QWidget* parent, const QString&
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  const bool keep = !static_cast<frmJetInput*>(pages_.at(Form::frmJetInput))->CheckToStore() ||
+  // A design in progress finishes first: its thread works on the case.
+  const bool keep = static_cast<frmJetInput*>(pages_.at(Form::frmJetInput))->Running() ||
+                    !static_cast<frmJetInput*>(pages_.at(Form::frmJetInput))->CheckToStore() ||
                     !static_cast<TCInput*>(pages_.at(Form::TCInput))->CheckToStore() ||
                     !static_cast<dpVac*>(pages_.at(Form::dpVac))->CheckToStore();
   if (keep) {

@@ -59,6 +59,7 @@ class frmJetInput : public Page {
   QLineEdit* vaporSearch;
   // The save question before unsaved input is lost; false when the user's save did not happen.
   bool CheckToStore();
+  bool Running() const { return running_; }
 
  signals:
   void designFinished(bool results);
