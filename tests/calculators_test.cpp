@@ -190,6 +190,14 @@ TEST_F(CalculatorFiles, GoFigureSheetsRoundTripAndADamagedOneKeepsWhatWasRead) {
 
 // --- Conversions -------------------------------------------------------------
 
+TEST(Conversions, GeneratorReproducesTheCommittedTableByteForByte) {
+  const fs::path out = fs::temp_directory_path() / ("kestrane_cvrt_" + std::to_string(::getpid()) + ".DTA");
+  const std::string cmd = "/usr/bin/python3 '" + (kSource / "tools" / "make_cvrt.py").string() + "' '" + out.string() + "'";
+  ASSERT_EQ(std::system(cmd.c_str()), 0);
+  EXPECT_TRUE(ReadBytes(out) == ReadBytes(kSource / "pgmfiles" / "CVRT.DTA"));
+  fs::remove(out);
+}
+
 TEST(Conversions, EveryUnitGoesToEveryOtherAndBack) {
   ASSERT_GE(Table().categories.size(), 15u);
   for (const CvrtCategory& c : Table().categories) {
