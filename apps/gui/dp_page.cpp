@@ -1,5 +1,4 @@
 // The gas pressure loss window: method and units, the nineteen fields, the results box and the TDP file.
-#include <QFileDialog>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -21,28 +20,18 @@ dpVac::dpVac(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   auto* layout = new QVBoxLayout(this);
   auto* bar = new QMenuBar;
   layout->setMenuBar(bar);
-  QMenu* file = bar->addMenu("&File");
-  file->addAction("&New", this, [this] {
-    if (!CheckToStore()) return;
-    ResetDpVac(model);
-    Refresh();
-  });
-  file->addAction("&Open...", this, [this] {
-    if (!CheckToStore()) return;
-    const QString path = w_.OpenPath(this, Filter());
-    if (path.isEmpty()) return;
-    ReadDpFile(S(path), model, w_.ui);
-    Refresh();
-  });
-  file->addAction("Save &As...", this, [this] {
-    const QString path = w_.SavePath(this, Filter());
-    if (!path.isEmpty()) WriteDpFile(S(path), model, w_.ui);
-    w_.RefreshTitle();
-  });
-  file->addSeparator();
-  file->addAction("Main &Menu", this, [this] {
-    if (CheckToStore()) w_.SwapForms(Form::dpVac, Form::MainForm);
-  });
+  w_.AddFileMenu(bar, this,
+                 {Filter(), [this] { return CheckToStore(); },
+                  [this] {
+                    ResetDpVac(model);
+                    Refresh();
+                  },
+                  [this](const QString& path) {
+                    ReadDpFile(S(path), model, w_.ui);
+                    Refresh();
+                  },
+                  [this] { return model.file; }, [this](const std::string& path) { WriteDpFile(path, model, w_.ui); },
+                  [this] { w_.SwapForms(Form::dpVac, Form::MainForm); }});
   QMenu* units = bar->addMenu("&Units");
   units->addAction("&Standard Units", this, [this] {
     model.standard = true;

@@ -1,6 +1,5 @@
 // The Nupreir calculator window: expression with history, five variables, angle unit, the results box and its file.
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QMenuBar>
@@ -37,27 +36,23 @@ GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w), watcher
   auto* layout = new QVBoxLayout(this);
   auto* bar = new QMenuBar;
   layout->setMenuBar(bar);
-  QMenu* file = bar->addMenu("&File");
-  file->addAction("&New", this, [this] {
-    Take();
-    if (CheckToStoreGoFigureFile(model, w_.ui) == StoreDecision::kDeclined || model.dirty == 0) {
-      model = NupreirScreen{};
-      Show();
-    }
-  });
-  file->addAction("&Open...", this, [this] {
-    const QString path = w_.OpenPath(this, Filter());
-    if (path.isEmpty()) return;
-    ReadGoFigure(S(path), model, w_.ui);
-    Show();
-  });
-  file->addAction("Save &As...", this, [this] {
-    const QString path = w_.SavePath(this, Filter());
-    if (path.isEmpty()) return;
-    Take();
-    WriteGoFigure(S(path), model, w_.ui);
-    Show();
-  });
+  w_.AddFileMenu(bar, this,
+                 {Filter(), [this] { return CheckToStore(); },
+                  [this] {
+                    model = NupreirScreen{};
+                    Show();
+                  },
+                  [this](const QString& path) {
+                    ReadGoFigure(S(path), model, w_.ui);
+                    Show();
+                  },
+                  [this] { return model.file; },
+                  [this](const std::string& path) {
+                    Take();
+                    WriteGoFigure(path, model, w_.ui);
+                    Show();
+                  },
+                  {}});
   cmboExprText = new QComboBox;
   cmboExprText->setEditable(true);
   cmboExprText->setInsertPolicy(QComboBox::NoInsert);
@@ -132,12 +127,14 @@ void GoFigure::Calculate() {
   cmboExprText->lineEdit()->selectAll();
 }
 
-void GoFigure::closeEvent(QCloseEvent* event) {
+bool GoFigure::CheckToStore() {
   Take();
-  if (CheckToStoreGoFigureFile(model, w_.ui) == StoreDecision::kNeedsName) {
-    const QString path = w_.SavePath(this, Filter());
-    if (!path.isEmpty()) WriteGoFigure(S(path), model, w_.ui);
-  }
+  return w_.Resolve(CheckToStoreGoFigureFile(model, w_.ui), this, Filter(),
+                    [this](const std::string& path) { return WriteGoFigure(path, model, w_.ui); });
+}
+
+void GoFigure::closeEvent(QCloseEvent* event) {
+  CheckToStore();  // a tool window closes whatever the answer
   event->accept();
 }
 

@@ -1,5 +1,4 @@
 // The results window of a design: its frames laid out by the parts of the train that exist, the debugger grid and the pump error.
-#include <QFileDialog>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QMenuBar>

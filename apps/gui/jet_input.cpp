@@ -1,5 +1,4 @@
 // The design input window: five tabs of paired boxes, options and lists over the input screen model; the file menu and the design run.
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -38,35 +37,15 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   auto* outer = new QVBoxLayout(this);
   auto* bar = new QMenuBar;
   outer->setMenuBar(bar);
-  QMenu* file = bar->addMenu("&File");
-  file->addAction("&New", this, [this] {
-    if (!CheckToStore()) return;
-    w_.screen = NewCase();
-    Refresh();
-  });
-  file->addAction("&Open...", this, [this] {
-    if (!CheckToStore()) return;
-    const QString path = w_.OpenPath(this, FilterJet());
-    if (!path.isEmpty()) OpenFile(path);
-  });
-  file->addAction("&Save", this, [this] {
-    if (!w_.screen.USERCASE.empty()) {
-      WriteCase(w_.screen.USERCASE, w_.screen, w_.ui);
-    } else {
-      const QString path = w_.SavePath(this, FilterJet());
-      if (!path.isEmpty()) SaveCaseAs(S(path), w_.screen, w_.ui);
-    }
-    w_.RefreshTitle();
-  });
-  file->addAction("Save &As...", this, [this] {
-    const QString path = w_.SavePath(this, FilterJet());
-    if (!path.isEmpty()) SaveCaseAs(S(path), w_.screen, w_.ui);
-    w_.RefreshTitle();
-  });
-  file->addSeparator();
-  file->addAction("Main &Menu", this, [this] {
-    if (CheckToStore()) w_.SwapForms(Form::frmJetInput, Form::MainForm);
-  });
+  w_.AddFileMenu(bar, this,
+                 {FilterJet(), [this] { return CheckToStore(); },
+                  [this] {
+                    w_.screen = NewCase();
+                    Refresh();
+                  },
+                  [this](const QString& path) { OpenFile(path); }, [this] { return w_.screen.USERCASE; },
+                  [this](const std::string& path) { SaveCaseAs(path, w_.screen, w_.ui); },
+                  [this] { w_.SwapForms(Form::frmJetInput, Form::MainForm); }});
   bar->addAction("&Design System", this, [this] { DesignSystem(); });
 
   SSTabInput = new QTabWidget;

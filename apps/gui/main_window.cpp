@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QMenuBar>
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QUrl>
@@ -92,6 +93,39 @@ bool MainWindow::Resolve(StoreDecision decision, QWidget* parent, const QString&
     }
     case StoreDecision::kSaveFailed: return false;
     default: return true;
+  }
+}
+
+void MainWindow::AddFileMenu(QMenuBar* bar, QWidget* owner, const CaseFileActions& a) {
+  QMenu* file = bar->addMenu("&File");
+  file->addAction("&New", owner, [a] {
+    if (a.check_to_store()) a.clear();
+  });
+  file->addAction("&Open...", owner, [this, owner, a] {
+    if (!a.check_to_store()) return;
+    const QString path = OpenPath(owner, a.filter);
+    if (!path.isEmpty()) a.open(path);
+  });
+  const auto save_as = [this, owner, a] {
+    const QString path = SavePath(owner, a.filter);
+    if (!path.isEmpty()) a.save_as(path.toStdString());
+    RefreshTitle();
+  };
+  file->addAction("&Save", owner, [this, a, save_as] {
+    const std::string path = a.current_path();
+    if (path.empty()) {
+      save_as();
+      return;
+    }
+    a.save_as(path);
+    RefreshTitle();
+  });
+  file->addAction("Save &As...", owner, save_as);
+  if (a.main_menu) {
+    file->addSeparator();
+    file->addAction("Main &Menu", owner, [a] {
+      if (a.check_to_store()) a.main_menu();
+    });
   }
 }
 

@@ -50,6 +50,20 @@ class MainWindow : public QMainWindow {
   bool Resolve(StoreDecision decision, QWidget* parent, const QString& filter,
                const std::function<bool(const std::string&)>& save_as);
 
+  // The File menu of a form's case file: New and Open ask the save question first (check_to_store),
+  // Save writes where the case came from (current_path, empty for a new case) or asks a name, Save As
+  // always asks one; Main Menu (when given) leaves the form after the save question.
+  struct CaseFileActions {
+    QString filter;
+    std::function<bool()> check_to_store;
+    std::function<void()> clear;
+    std::function<void(const QString&)> open;
+    std::function<std::string()> current_path;
+    std::function<void(const std::string&)> save_as;
+    std::function<void()> main_menu;
+  };
+  void AddFileMenu(class QMenuBar* bar, QWidget* owner, const CaseFileActions& actions);
+
   // The start sequence, its texts shown on the main menu as the data loads.
   bool Start();
   bool starting = false;

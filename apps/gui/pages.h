@@ -310,6 +310,7 @@ class GoFigure : public QWidget {
   explicit GoFigure(MainWindow& window);
   void Calculate();
   void Show();  // the model into the widgets
+  bool CheckToStore();
   NupreirScreen model;
   QComboBox* cmboExprText;
   std::array<QLineEdit*, kNupreirVariables> names{}, values{};

@@ -1,5 +1,4 @@
 // The thermo compressor windows: the input with its file menu and check, and the results with the debugger rows.
-#include <QFileDialog>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -22,32 +21,15 @@ TCInput::TCInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   auto* layout = new QVBoxLayout(this);
   auto* bar = new QMenuBar;
   layout->setMenuBar(bar);
-  QMenu* file = bar->addMenu("&File");
-  file->addAction("&New", this, [this] {
-    if (!CheckToStore()) return;
-    ClearTCInput(model);
-    Refresh();
-  });
-  file->addAction("&Open...", this, [this] {
-    if (!CheckToStore()) return;
-    const QString path = w_.OpenPath(this, Filter());
-    if (!path.isEmpty()) OpenFile(path);
-  });
-  file->addAction("&Save", this, [this] {
-    QString path = Q(model.TCUSERCASE);
-    if (path.isEmpty()) path = w_.SavePath(this, Filter());
-    if (!path.isEmpty()) SaveTCFileAs(S(path), model, w_.ui);
-    w_.RefreshTitle();
-  });
-  file->addAction("Save &As...", this, [this] {
-    const QString path = w_.SavePath(this, Filter());
-    if (!path.isEmpty()) SaveTCFileAs(S(path), model, w_.ui);
-    w_.RefreshTitle();
-  });
-  file->addSeparator();
-  file->addAction("Main &Menu", this, [this] {
-    if (CheckToStore()) w_.SwapForms(Form::TCInput, Form::MainForm);
-  });
+  w_.AddFileMenu(bar, this,
+                 {Filter(), [this] { return CheckToStore(); },
+                  [this] {
+                    ClearTCInput(model);
+                    Refresh();
+                  },
+                  [this](const QString& path) { OpenFile(path); }, [this] { return model.TCUSERCASE; },
+                  [this](const std::string& path) { SaveTCFileAs(path, model, w_.ui); },
+                  [this] { w_.SwapForms(Form::TCInput, Form::MainForm); }});
   bar->addAction("&Design Thermo Compressor", this, [this] { Design(); });
 
   auto* note = new QLabel(Q(kTcNote));

@@ -1,6 +1,7 @@
 // The desktop windows, driven without a screen: start-up, a design from the input window, metric pairs, a refused input, Nupreir.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFocusEvent>
@@ -248,6 +249,34 @@ TEST_F(Desktop, EveryExampleDesignsFromTheWindowAsOnTheCommandLine) {
     ++designed;
   }
   EXPECT_GE(designed, 9);
+}
+
+TEST_F(Desktop, TheFileMenuSavesWhereTheCaseCameFromAndNewClearsASavedSheet) {
+  const fs::path folder = fs::temp_directory_path() / ("kestrane_gui_files_" + std::to_string(::getpid()));
+  fs::create_directories(folder);
+  auto action = [](QWidget* form, const QString& text) {
+    for (QAction* a : form->findChildren<QAction*>()) {
+      if (a->text() == text) return a;
+    }
+    return static_cast<QAction*>(nullptr);
+  };
+  auto* dp = static_cast<dpVac*>(window->PageOf(Form::dpVac));
+  dp->model.file = (folder / "LINE.TDP").string();
+  dp->model.txtEV[1] = "150";
+  ASSERT_NE(action(dp, "&Save"), nullptr);
+  action(dp, "&Save")->trigger();
+  EXPECT_TRUE(fs::exists(folder / "LINE.TDP"));
+  EXPECT_EQ(dp->model.dirty, 0);
+  GoFigure* calc = window->goFigure();
+  calc->model.file = (folder / "SHEET.GFR").string();
+  calc->cmboExprText->setEditText("1+1");
+  calc->Calculate();
+  ASSERT_EQ(calc->model.dirty, 1);
+  ui.set_unattended(true, true);  // yes, save it
+  action(calc, "&New")->trigger();
+  EXPECT_TRUE(fs::exists(folder / "SHEET.GFR"));
+  EXPECT_TRUE(calc->model.results.empty());
+  fs::remove_all(folder);
 }
 
 int main(int argc, char** argv) {
