@@ -5,14 +5,13 @@
 
 #include "properties/numeric.h"
 #include "properties/vb.h"
+#include "properties/unit_factors.h"
 
 namespace kestrane {
 
 namespace {
 
 constexpr double kMmHgPerPsi = 51.7145;
-constexpr double kPsiPerBar = 14.5037994385;
-constexpr double kLbPerKg = 2.2045993805;
 constexpr double kNm3hPerNcfm = 1.699006;
 
 std::string Box(double value) { return Trim(FormatFixed(static_cast<float>(value), 10.2f)); }

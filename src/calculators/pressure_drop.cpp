@@ -6,6 +6,7 @@
 #include "case/case_file_io.h"
 #include "properties/numeric.h"
 #include "properties/vb.h"
+#include "properties/unit_factors.h"
 
 namespace kestrane {
 
@@ -120,7 +121,7 @@ bool Calculate_DP(DpScreen& s, Ui& ui, bool quiet) {
     const bool steam = hei && Val(s.txtEV[3]) == 1;
     const bool metric = !s.standard;
     auto field = [&](int i) { return Val(s.txtEV[static_cast<size_t>(i)]); };
-    const double w = metric ? field(1) * 2.2045993805 : field(1);
+    const double w = metric ? field(1) * kLbPerKg : field(1);
     const double t = metric ? field(2) * 1.8 + 32 : field(2);
     const double id = metric ? field(6) / 25.4 : field(6);
     const double mw = hei ? (steam ? 18 : 29) : field(3);

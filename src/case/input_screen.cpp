@@ -5,6 +5,7 @@
 #include "properties/numeric.h"
 #include "properties/steam.h"
 #include "properties/vb.h"
+#include "properties/unit_factors.h"
 
 namespace kestrane {
 
@@ -79,10 +80,10 @@ float Convert(Quantity q, float v, bool to_metric) {
     case Quantity::kTemperature:
       return to_metric ? static_cast<float>((v - 32) / 1.8) : static_cast<float>(v * 1.8 + 32);
     case Quantity::kPressurePsig:
-      return to_metric ? static_cast<float>(v / 14.5037994385) : static_cast<float>(v * 14.5037994385);
+      return to_metric ? static_cast<float>(v / kPsiPerBar) : static_cast<float>(v * kPsiPerBar);
     case Quantity::kFouling:
       return to_metric ? static_cast<float>(v / 4.8824272156) : static_cast<float>(v * 4.8824272156);
-    case Quantity::kFlow: return to_metric ? static_cast<float>(v / 2.2045993805) : static_cast<float>(v * 2.2045993805);
+    case Quantity::kFlow: return to_metric ? static_cast<float>(v / kLbPerKg) : static_cast<float>(v * kLbPerKg);
     case Quantity::kNone: return v;
   }
   return v;

@@ -9,15 +9,14 @@
 #include "properties/vb.h"
 #include "properties/vb_file.h"
 #include "pump/pump_selection.h"
+#include "properties/unit_factors.h"
 
 namespace kestrane {
 
 namespace {
 
-constexpr float kLbPerKg = 2.2045993805f;
 constexpr float kM3hPerGpm = 0.22712470704f;
 constexpr float kM2PerFt2 = 0.09290304f;
-constexpr float kPsiPerBar = 14.5037994385f;
 constexpr float kKwPerHp = 0.7457f;            // as the annual power cost takes it
 constexpr float kM3hPerCfm = 1.69901082f;      // 0.3048^3 m3/ft3 * 60 min/hr
 
@@ -60,7 +59,7 @@ ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
   } else {
     r.utilities.captions = {"Total Motive Steam (#/hr)", "Total Water (gpm)", "Total Power (KW)"};
   }
-  const float motive = dc.TOTALS(kTotalMotive) / (metric ? kLbPerKg : 1.0f);
+  const float motive = dc.TOTALS(kTotalMotive) / (metric ? kLbPerKgSingle : 1.0f);
   const float water = dc.TOTALS(kTotalWater) * (metric ? kM3hPerGpm : 1.0f);
   r.utilities.heads = {""};
   r.utilities.columns = {{FormatFixed(motive, 8.0f), FormatFixed(water, 8.0f), FormatFixed(dc.TOTALS(kTotalPower), 8.0f)}};
@@ -75,7 +74,7 @@ ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
       PlaceInField(-1, model, "LRVP", 4);
     }
     r.ejectors.heads.push_back(ctx.data.constants.STAGENAME(c));
-    r.ejectors.columns.push_back({model, FormatFixed(dc.STG(c, kStgMOTIVE) / (metric ? kLbPerKg : 1.0f), 12.0f),
+    r.ejectors.columns.push_back({model, FormatFixed(dc.STG(c, kStgMOTIVE) / (metric ? kLbPerKgSingle : 1.0f), 12.0f),
                                   FormatFixed(dc.STG(c, kStgDIAS), 12.2f), FormatFixed(dc.STG(c, kStgDIAD), 12.2f),
                                   FormatFixed(dc.STG(c, kStgDIAM), 12.2f)});
   }
@@ -105,7 +104,7 @@ ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
         {model, FormatFixed(dc.CND(col, kCndAREA) * (metric ? kM2PerFt2 : 1.0f), 6.1f),
          FormatFixed(dc.CND(col, kCndGPMUSE) * (metric ? kM3hPerGpm : 1.0f), 6.1f),
          FormatFixed(metric ? Celsius(in) : in, 6.1f) + " / " + FormatFixed(metric ? Celsius(out) : out, 6.1f),
-         FormatFixed(dc.CND(col, kCndDELTAP) / (metric ? kPsiPerBar : 1.0f), 6.1f)});
+         FormatFixed(dc.CND(col, kCndDELTAP) / (metric ? kPsiPerBarSingle : 1.0f), 6.1f)});
   }
 
   r.show_pump = dc.USELRVP == 1 && dc.LRVPERR == 0 && CInt(dc.LRVPRES(kLrvpPump, 1)) >= 1;

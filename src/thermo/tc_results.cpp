@@ -5,14 +5,9 @@
 #include "properties/text_codec.h"
 #include "properties/vb.h"
 #include "thermo/thermo_compressor.h"
+#include "properties/unit_factors.h"
 
 namespace kestrane {
-
-namespace {
-
-constexpr float kLbPerKg = 2.2045993805f;
-
-}  // namespace
 
 TcResults FillTCResults(const DesignCase& dc, bool metric) {
   TcResults r;
@@ -21,7 +16,7 @@ TcResults FillTCResults(const DesignCase& dc, bool metric) {
   // "TC", "-" where an ejector names its stage, the size, "x" and the throat.
   const std::string model =
       "TC-" + Trim(GeneralText(dc.STG(1, kStgSIZE))) + "x" + Format(dc.STG(1, kStgTHROAT), "0.00");
-  const float motive = dc.STG(1, kStgMOTIVE) / (metric ? kLbPerKg : 1.0f);
+  const float motive = dc.STG(1, kStgMOTIVE) / (metric ? kLbPerKgSingle : 1.0f);
   r.values = {model, FormatFixed(motive, 12.0f), FormatFixed(dc.STG(1, kStgDIAS), 12.2f),
               FormatFixed(dc.STG(1, kStgDIAD), 12.2f), FormatFixed(dc.STG(1, kStgDIAM), 12.2f)};
   return r;
