@@ -106,11 +106,8 @@ float SealRise(const DesignContext& ctx, const LoadVector& loads, float bhp, flo
   return dt;
 }
 
-// The capacity factor of condensation in the ring: the dry volume the pump must move, against the wet
-// volume the load makes at the suction. 0.01 when the ring's heat balance does not settle.
-float CondensationFactor(const DesignContext& ctx, const LoadVector& loads, float p, float acfm, float bhp,
-                         float pfactor, float seal, const SealLiquid& liquid) {
-  const float tw = ctx.dc.TWATERIN;
+// The volume of air saturated with water vapor at 59 F over the same air dry, at the suction p (mmHgA).
+float SaturatedToDryVolume(const DesignContext& ctx, float p) {
   const auto s0 = static_cast<float>((1.0 / 60 * 379 / 29 * 760 / p) * (528.0 / 520));
   float pw = 0;
   int16_t failed = 0;
@@ -118,8 +115,15 @@ float CondensationFactor(const DesignContext& ctx, const LoadVector& loads, floa
   float m = p - pw > 0 ? static_cast<float>(18.0 / 29 * pw / (p - pw)) : 0.0f;
   m = std::max(m, 0.0f);
   const auto s1 = static_cast<float>(((m / 18 + 1.0 / 29) / 60 * 379 * 760 / p) * (519.0 / 520));
-  const float cf = s1 / s0;
+  return s1 / s0;
+}
 
+// The capacity factor of condensation in the ring: the dry volume the pump must move, against the wet
+// volume the load makes at the suction; `cf` is SaturatedToDryVolume at p. 0.01 when the ring's heat
+// balance does not settle.
+float CondensationFactor(const DesignContext& ctx, const LoadVector& loads, float p, float cf, float acfm, float bhp,
+                         float pfactor, float seal, const SealLiquid& liquid) {
+  const float tw = ctx.dc.TWATERIN;
   float dr = 10.0f;
   RingSplit split;
   for (int round = 1;; ++round) {
@@ -170,6 +174,7 @@ int16_t AnalysePump(DesignContext& ctx, float p, float pd, const LoadVector& loa
   // 0.0155 (SG 62.4)^0.84 MU^0.16 + 0.5.
   const float viscf = 1.0f;
   const int cycles = dc.CYCLES == 1 ? 50 : 60;
+  const float cf = SaturatedToDryVolume(ctx, p);  // the same for every pump
   const int option = dc.SEALOPTION >= 1 && dc.SEALOPTION <= 3 ? dc.SEALOPTION : 1;
 
   int kept = 0;
@@ -205,7 +210,7 @@ int16_t AnalysePump(DesignContext& ctx, float p, float pd, const LoadVector& loa
     }
 
     const float dt = SealRise(ctx, loads, bhp, seal, liquid, pd);
-    const float fc = CondensationFactor(ctx, loads, p, acfm, bhp, c.power, seal, liquid);
+    const float fc = CondensationFactor(ctx, loads, p, cf, acfm, bhp, c.power, seal, liquid);
     if (!chosen && acfm / fc > cap / 1.1f) continue;
 
     const float ts = dc.TWATERIN + dt;
