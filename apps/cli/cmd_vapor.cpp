@@ -95,17 +95,16 @@ int Pressure(const GlobalOptions& options, const VaporArgs& args) {
 }
 
 int Table(const GlobalOptions& options, const VaporArgs& args) {
+  if (!VaporTableRange(args.tmin, args.tmax, args.step)) {
+    std::fprintf(stderr, "The table runs from TMIN up to TMAX (not below TMIN) in steps above 0, at most 10000 rows.\n");
+    return kExitUsage;
+  }
   auto session = MakeSession(options);
   CliUi ui(args.json);
   if (!LoadVapors(*session, ui)) return kExitUsage;
   const Vapors vapors{session->data.vapors, session->data.user_vapors, ui};
-  const size_t loading_notices = ui.notices.size();
   std::vector<VaporTableRow> rows;
   const bool done = VaporPressureTable(vapors, static_cast<int16_t>(args.id), args.tmin, args.tmax, args.step, rows);
-  if (!done && ui.notices.size() == loading_notices) {
-    std::fprintf(stderr, "The table runs from TMIN up to TMAX (not below TMIN) in steps above 0, at most 10000 rows.\n");
-    return kExitUsage;
-  }
   if (args.json) {
     nlohmann::json doc;
     doc["rows"] = nlohmann::json::array();

@@ -151,11 +151,13 @@ void VaporPressureForm::Calculate() {
   const bool c = celsius->isChecked();
   const float from = static_cast<float>(Val(S(tmin->text()))), to = static_cast<float>(Val(S(tmax->text())));
   const float by = static_cast<float>(Val(S(step->text()))) * (c ? 1.8f : 1.0f);
+  if (!VaporTableRange(ToF(from, c), ToF(to, c), by)) {
+    w_.ui.notice("The table runs from the first temperature up to the last in steps above 0, at most 10000 rows.");
+    return;
+  }
   std::vector<VaporTableRow> rows;
   const Vapors vap{w_.session.data.vapors, w_.session.data.user_vapors, w_.ui};
-  if (!VaporPressureTable(vap, id, ToF(from, c), ToF(to, c), by, rows) && rows.empty()) {
-    if (!(by > 0) || to < from) w_.ui.notice("The table runs from the first temperature up to the last in steps above 0.");
-  }
+  VaporPressureTable(vap, id, ToF(from, c), ToF(to, c), by, rows);  // a vapor that cannot be evaluated says so
   table->setRowCount(static_cast<int>(rows.size()));
   table->setHorizontalHeaderItem(0, new QTableWidgetItem(c ? "Temperature (degC)" : "Temperature (degF)"));
   std::vector<QPointF> points;

@@ -26,10 +26,14 @@ class CountingUi : public Ui {
 
 }  // namespace
 
+bool VaporTableRange(float tmin, float tmax, float step) {
+  return step > 0 && tmax >= tmin && (tmax - tmin) / step <= 10000;
+}
+
 bool VaporPressureTable(const Vapors& vapors, int16_t id, float tmin, float tmax, float step,
                         std::vector<VaporTableRow>& rows) {
   rows.clear();
-  if (!(step > 0) || tmax < tmin || (tmax - tmin) / step > 10000) return false;
+  if (!VaporTableRange(tmin, tmax, step)) return false;
   CountingUi ui(vapors.ui);
   const Vapors counted{vapors.data, vapors.user, ui};
   const int count = static_cast<int>((tmax - tmin) / step + 1e-6);

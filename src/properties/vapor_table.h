@@ -14,9 +14,12 @@ struct VaporTableRow {
   int16_t flag = 0;    // 1 outside the vapor's range of data
 };
 
+// A range a table can have: a step above 0, tmax not below tmin, at most 10000 rows.
+bool VaporTableRange(float tmin, float tmax, float step);
+
 // From tmin to tmax (degF) in steps of `step`: false, with no rows past it,
-// when the range is not sensible (step not above 0, tmax below tmin, more than
-// 10000 rows) or the vapor cannot be evaluated (its notice has been shown).
+// when the range is not one a table can have or the vapor cannot be evaluated
+// (its notice has been shown).
 bool VaporPressureTable(const Vapors& vapors, int16_t id, float tmin, float tmax, float step,
                         std::vector<VaporTableRow>& rows);
 

@@ -206,6 +206,10 @@ TEST_F(Desktop, VaporPressuresAndSteamStatesShowTheModelsValues) {
   vp->Calculate();
   ASSERT_EQ(vp->table->rowCount(), 1);
   EXPECT_NEAR(vp->table->item(0, 1)->text().toDouble(), 221.1, 2.5);  // ethanol at 50 C
+  vp->tmax->setText("100");  // below the first temperature: said, and the table stays
+  vp->Calculate();
+  EXPECT_EQ(ui.notices.back().rfind("The table runs from the first temperature", 0), 0u);
+  EXPECT_EQ(vp->table->rowCount(), 1);
   window->SwapForms(Form::VaporPressureForm, Form::frmMollier);
   auto* mollier = static_cast<frmMollier*>(window->PageOf(Form::frmMollier));
   mollier->mode->setCurrentIndex(3);
