@@ -1,6 +1,8 @@
 // Number semantics of the original run time: rounding, truncation, text forms of numbers, Val and dates.
 #include "properties/vb.h"
 
+#include <locale.h>
+
 #include <array>
 #include <cctype>
 #include <cstdio>
@@ -9,6 +11,24 @@
 namespace kestrane {
 
 namespace {
+
+// Numbers are read and written with a decimal point whatever the user's
+// locale (a desktop may set a comma-decimal one): the C locale is made
+// current for this thread while the C library formats or reads a number.
+class CNumericLocale {
+ public:
+  CNumericLocale() : previous_(uselocale(CLocale())) {}
+  ~CNumericLocale() { uselocale(previous_); }
+  CNumericLocale(const CNumericLocale&) = delete;
+  CNumericLocale& operator=(const CNumericLocale&) = delete;
+
+ private:
+  static locale_t CLocale() {
+    static const locale_t c = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(nullptr));
+    return c;
+  }
+  locale_t previous_;
+};
 
 std::string ErrorText(int number) {
   switch (number) {
@@ -46,6 +66,7 @@ std::string GeneralForm(double x, int digits) {
   if (!std::isfinite(x)) return NonFiniteText(x);
   if (x == 0.0) return "0";
   std::array<char, 64> buf{};
+  const CNumericLocale c_locale;
   std::snprintf(buf.data(), buf.size(), "%.*G", digits, x);
   return buf.data();
 }
@@ -59,6 +80,7 @@ struct DecimalDigits {
 
 DecimalDigits SignificantDigits(double x, int digits) {
   std::array<char, 64> buf{};
+  const CNumericLocale c_locale;
   std::snprintf(buf.data(), buf.size(), "%.*e", digits - 1, std::fabs(x));
   DecimalDigits d;
   const char* p = buf.data();
@@ -203,6 +225,7 @@ double Val(std::string_view text) {
     while (j < s.size() && std::isdigit(static_cast<unsigned char>(s[j]))) exponent += s[j++];
     if (j > first_digit) number += exponent;
   }
+  const CNumericLocale c_locale;
   return std::strtod(number.c_str(), nullptr);
 }
 
