@@ -16,7 +16,9 @@ configure: bootstrap
 build: configure
 	cmake --build $(BUILD) -j $(JOBS)
 
-run: build
+# Builds only the command line and its data, then designs an example.
+run: configure
+	cmake --build $(BUILD) -j $(JOBS) --target kestrane
 	$(BUILD)/bin/kestrane design $(BUILD)/bin/usrfiles/SOLVENT-LOADS-THREE-STAGE.JET
 
 test: build
