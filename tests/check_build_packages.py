@@ -38,13 +38,15 @@ def cache_files(cache_path):
     return files
 
 
-def owner(path):
-    """The packages dpkg says own a file, without architecture qualifiers; empty when none."""
-    run = subprocess.run(["dpkg", "-S", path], capture_output=True, text=True)
-    for line in run.stdout.splitlines() if run.returncode == 0 else []:
+def owners(paths):
+    """The packages dpkg says own each file, without architecture qualifiers (one dpkg call)."""
+    run = subprocess.run(["dpkg", "-S", *paths], capture_output=True, text=True)
+    owned = {}
+    for line in run.stdout.splitlines():
         if not line.startswith("diversion ") and ": " in line:
-            return [p.strip().split(":")[0] for p in line.rsplit(": ", 1)[0].split(",")]
-    return []
+            names, path = line.rsplit(": ", 1)
+            owned[path] = [p.strip().split(":")[0] for p in names.split(",")]
+    return owned
 
 
 def installed_packages():
@@ -101,11 +103,12 @@ def main():
     found = cache_files(cache_path)
     if not found:
         sys.exit("no package configuration found in " + cache_path)
+    owned = owners([path for _, path in found])
     missing = []
     for entry, path in found:
-        owners = owner(path)
-        if owners and not any(p in pulled_in for p in owners):
-            missing.append(f"{entry}: {path} comes from {', '.join(owners)}, which scripts/bootstrap does not install")
+        names = owned.get(path, [])
+        if names and not any(p in pulled_in for p in names):
+            missing.append(f"{entry}: {path} comes from {', '.join(names)}, which scripts/bootstrap does not install")
     for line in missing:
         print(line)
     print(f"{len(found)} files found by the build checked against {len(pulled_in)} packages bootstrap installs")
