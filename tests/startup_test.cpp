@@ -24,8 +24,9 @@ class ProgramFolder : public kestrane::testing::ScratchFolder {
     ScratchFolder::SetUp();
     fs::create_directories(dir / "pgmfiles");
     kestrane::testing::CopyProgramData(dir / "pgmfiles");
+    fs::create_directories(UserInfoPath().parent_path());
   }
-  fs::path UserInfoPath() const { return dir / "pgmfiles" / "USERINFO.DTA"; }
+  fs::path UserInfoPath() const { return dir / "data" / "kestrane" / "USERINFO.DTA"; }
 };
 
 // Records when each status text arrived relative to the user information request.
@@ -131,8 +132,10 @@ TEST_F(ProgramFolder, AShortFileReportsItsErrorAndKeepsTheRowsRead) {
   UserInfo rows(kUserInfoRows);
   rows(5) = "before";
   EXPECT_EQ(ReadUserInfo(UserInfoPath(), rows, ui), UserInfoRead::kFailed);
-  ASSERT_EQ(ui.notices.size(), 1u);
+  ASSERT_EQ(ui.notices.size(), 2u);
   EXPECT_EQ(ui.notices[0], "ReadUserInfo Error: 62 Input past end of file");
+  EXPECT_EQ(ui.notices[1], "The file USERINFO.DTA could not be read whole; it is kept as it was in USERINFO.DTA.bak.");
+  EXPECT_EQ(ReadBytes(fs::path(UserInfoPath()) += ".bak"), "Ann\r\nAcme\r\nStreet\r\n");
   EXPECT_EQ(rows(1), "Ann");
   EXPECT_EQ(rows(3), "Street");
   EXPECT_EQ(rows(4), "");
@@ -149,6 +152,60 @@ TEST_F(ProgramFolder, AFailedWriteReportsItsErrorAndKeepsThePreviousFile) {
   ASSERT_EQ(ui.notices.size(), 1u);
   EXPECT_EQ(ui.notices[0], "WriteUserInfo Error: 75 Path/File access error");
   EXPECT_EQ(ReadBytes(UserInfoPath()), "old\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n");
+}
+
+TEST_F(ProgramFolder, UserFilesAreSeededOnceFromTheShippedCopyWhichStaysAsItIs) {
+  const std::string shipped = "1\r\n-1,20,40,50,200,80,700,58,0,Shipped\r\n";
+  WriteBytes(dir / "pgmfiles" / "UDV.DTA", shipped);
+  Session first(PathsForProgram(dir));
+  RecordingUi ui;
+  ASSERT_TRUE(RunStartSequence(first, ui));
+  EXPECT_EQ(first.data.user_vapors.NUDV, 1);
+  const fs::path mine = dir / "data" / "kestrane" / "UDV.DTA";
+  EXPECT_EQ(ReadBytes(mine), shipped);
+
+  // The user's own vapors are read from then on; the shipped copy never changes.
+  WriteBytes(mine, "2\r\n-1,20,40,50,200,80,700,58,0,Mine\r\n-2,20,40,50,200,80,700,58,0,Also mine\r\n");
+  Session second(PathsForProgram(dir));
+  ASSERT_TRUE(RunStartSequence(second, ui));
+  EXPECT_EQ(second.data.user_vapors.NUDV, 2);
+  EXPECT_EQ(ReadBytes(dir / "pgmfiles" / "UDV.DTA"), shipped);
+}
+
+TEST_F(ProgramFolder, DataAndCaseFoldersFollowTheUsersDesktopSettings) {
+  const std::string home = ::getenv("HOME") ? ::getenv("HOME") : "";
+  ::setenv("HOME", dir.c_str(), 1);
+  ::unsetenv("XDG_DATA_HOME");
+  ::unsetenv("XDG_DOCUMENTS_DIR");
+  ::setenv("XDG_CONFIG_HOME", (dir / "config").c_str(), 1);
+  ProgramPaths defaults = PathsForProgram(dir);
+  EXPECT_EQ(defaults.userdata, dir / ".local" / "share" / "kestrane");
+  EXPECT_EQ(defaults.usrfiles, dir / "Documents" / "Kestrane");
+  EXPECT_EQ(defaults.pgmfiles, dir / "pgmfiles");
+
+  fs::create_directories(dir / "config");
+  WriteBytes(dir / "config" / "user-dirs.dirs", "# written by xdg-user-dirs-update\nXDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n");
+  EXPECT_EQ(PathsForProgram(dir).usrfiles, dir / "Dokumente" / "Kestrane");
+
+  // One folder for everything, as --pgmfiles asks.
+  const ProgramPaths one = PathsForDataFolder(dir, dir / "elsewhere");
+  EXPECT_EQ(one.pgmfiles, dir / "elsewhere");
+  EXPECT_EQ(one.userdata, dir / "elsewhere");
+  ::setenv("HOME", home.c_str(), 1);
+  ::unsetenv("XDG_CONFIG_HOME");
+}
+
+TEST_F(ProgramFolder, TheCaseFolderIsSeededWithTheExamplesOnlyWhenItIsNew) {
+  fs::create_directories(dir / "usrfiles");
+  WriteBytes(dir / "usrfiles" / "EXAMPLE.JET", "shipped");
+  const ProgramPaths paths = PathsForProgram(dir);
+  SeedCaseFolder(paths);
+  EXPECT_EQ(ReadBytes(dir / "documents" / "Kestrane" / "EXAMPLE.JET"), "shipped");
+  WriteBytes(dir / "documents" / "Kestrane" / "EXAMPLE.JET", "edited by the user");
+  WriteBytes(dir / "usrfiles" / "OTHER.JET", "new example");
+  SeedCaseFolder(paths);
+  EXPECT_EQ(ReadBytes(dir / "documents" / "Kestrane" / "EXAMPLE.JET"), "edited by the user");
+  EXPECT_FALSE(fs::exists(dir / "documents" / "Kestrane" / "OTHER.JET"));
 }
 
 namespace {

@@ -1,9 +1,13 @@
-// Helpers shared by the test suites: error numbers, a scratch folder per test, whole-file bytes.
+// Helpers shared by the test suites: error numbers, a scratch folder per test, whole-file bytes, the command run.
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -61,7 +65,43 @@ inline const AppData& ShippedData() {
   return *data;
 }
 
-// A fresh empty folder for each test, removed afterwards.
+// The tests, and the programs they start, never touch the user's own data
+// and documents folders: these stand unless a test sets its own.
+inline const bool kTestUserFolders = [] {
+  const std::filesystem::path home = std::filesystem::temp_directory_path() / "kestrane-test-user";
+  ::setenv("XDG_DATA_HOME", (home / "data").c_str(), 1);
+  ::setenv("XDG_DOCUMENTS_DIR", (home / "documents").c_str(), 1);
+  return true;
+}();
+
+// What the command printed and its exit status.
+struct CliRun {
+  int exit_code = -1;
+  std::string out;
+  std::string err;
+};
+
+// Runs the kestrane command with the given arguments (already quoted for the shell).
+inline CliRun Kestrane(const std::string& args) {
+  const std::filesystem::path err_file =
+      std::filesystem::temp_directory_path() / ("kestrane_cli_err_" + std::to_string(::getpid()));
+  const std::string command = std::string(KESTRANE_CLI) + " " + args + " 2>" + err_file.string();
+  CliRun r;
+  FILE* pipe = ::popen(command.c_str(), "r");
+  if (!pipe) return r;
+  std::array<char, 4096> buf{};
+  size_t n = 0;
+  while ((n = std::fread(buf.data(), 1, buf.size(), pipe)) > 0) r.out.append(buf.data(), n);
+  const int status = ::pclose(pipe);
+  r.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  r.err = ReadBytes(err_file);
+  std::filesystem::remove(err_file);
+  return r;
+}
+
+// A fresh empty folder for each test, removed afterwards. The user's data
+// folder and documents folder of the test (and of the programs it starts) lie
+// in it: data/kestrane and documents/Kestrane.
 class ScratchFolder : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -71,6 +111,8 @@ class ScratchFolder : public ::testing::Test {
            ::testing::UnitTest::GetInstance()->current_test_info()->name());
     std::filesystem::remove_all(dir);
     std::filesystem::create_directories(dir);
+    ::setenv("XDG_DATA_HOME", (dir / "data").c_str(), 1);
+    ::setenv("XDG_DOCUMENTS_DIR", (dir / "documents").c_str(), 1);
   }
   void TearDown() override { std::filesystem::remove_all(dir); }
   std::filesystem::path dir;

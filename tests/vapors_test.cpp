@@ -194,11 +194,16 @@ TEST_F(VaporBase, DamagedFilesAreReportedKeptAsReadAndNotRewritten) {
     WriteBytes(UdvFile(), bytes);
     RecordingUi read_ui;
     EXPECT_EQ(ReadUDV(UdvFile(), user, read_ui), UserVaporsRead::kFailed);
-    ASSERT_EQ(read_ui.notices.size(), 1u);
+    ASSERT_EQ(read_ui.notices.size(), 2u);
     EXPECT_NE(read_ui.notices[0].find("line "), std::string::npos) << read_ui.notices[0];
     EXPECT_EQ(user.NUDV, 1);
     EXPECT_EQ(Trim(user.UDVNAME(1)), "Good one");
     EXPECT_EQ(ReadBytes(UdvFile()), bytes);
+    // A copy of the damaged file stands beside it, named in the second notice.
+    const std::string& kept = read_ui.notices[1];
+    const size_t at = kept.rfind("UDV.DTA.bak");
+    ASSERT_NE(at, std::string::npos) << kept;
+    EXPECT_EQ(ReadBytes(UdvFile().parent_path() / kept.substr(at, kept.size() - at - 1)), bytes);
   }
   WriteBytes(UdvFile(), "many\r\n");
   EXPECT_EQ(ReadUDV(UdvFile(), user, ui), UserVaporsRead::kFailed);

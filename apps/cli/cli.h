@@ -7,16 +7,19 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "shell/session.h"
 #include "shell/ui.h"
 
 namespace kestrane::cli {
 
-// Exit status: done, input refused by a check, usage or file error.
+// Exit status: done, input refused by a check, usage or file error, a design
+// that ran but ended with an error flag (pump, condenser, a failed stage balance).
 inline constexpr int kExitDone = 0;
 inline constexpr int kExitRefused = 1;
 inline constexpr int kExitUsage = 2;
+inline constexpr int kExitDesignError = 3;
 
 // Notices go to standard error as they come in text mode, and are kept for
 // the "notices" member in JSON mode. Questions are answered no.
@@ -32,6 +35,22 @@ class CliUi : public RecordingUi {
   bool json_;
 };
 
+// A command that cannot go on: main reports the error (a JSON object with
+// --json, else a line on standard error) and exits with the status.
+struct Failure {
+  int exit_code;
+  std::string error;
+  std::vector<std::string> notices;  // shown before the failure
+};
+
+[[noreturn]] inline void Fail(int exit_code, const std::string& error, const RecordingUi& ui) {
+  throw Failure{exit_code, error, ui.notices};
+}
+
+// The check of a number argument: a number as the program reads one (no
+// thousands commas) that a Single can hold; CLI11 names the argument it refuses.
+CLI::Validator SingleNumber();
+
 // Options every command sees.
 struct GlobalOptions {
   std::string pgmfiles;  // empty: pgmfiles beside the program
@@ -42,19 +61,21 @@ struct GlobalOptions {
 // Throws CLI::ValidationError for a date that is not a calendar day.
 std::unique_ptr<Session> MakeSession(const GlobalOptions& options);
 
-// Reads the steam table into the session; false (with the read error notice
-// shown) when it cannot be read.
-bool LoadSteamTable(Session& session, Ui& ui);
+// Reads the steam table into the session; a usage or file failure (with the
+// read error notice shown) when it cannot be read.
+void LoadSteamTable(Session& session, RecordingUi& ui);
 
-// Reads the vapor data base and the user defined vapors into the session;
-// false (with the notice shown) when the data base cannot be read.
-bool LoadVapors(Session& session, Ui& ui);
+// Reads the vapor data base and the user defined vapors into the session; a
+// failure (with the notice shown) when the data base cannot be read.
+void LoadVapors(Session& session, RecordingUi& ui);
 
-// Reads everything a design needs: steam table, design curves and tables, vapors.
-bool LoadDesignData(Session& session, Ui& ui);
+// Reads everything a design needs: steam table, design curves and tables, vapors, pumps.
+void LoadDesignData(Session& session, RecordingUi& ui);
 
 // Prints a JSON document on standard output.
 void PrintJson(const nlohmann::json& doc);
+// Whether a JSON document was printed.
+bool JsonPrinted();
 
 // A single as a JSON number: the float's exact value.
 inline nlohmann::json JsonSingle(float value) { return static_cast<double>(value); }

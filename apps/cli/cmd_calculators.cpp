@@ -201,22 +201,22 @@ void AddCalculatorCommands(CLI::App& app, const GlobalOptions& options, int& exi
 
   auto tail = std::make_shared<std::vector<std::string>>();
   auto* tailleg = app.add_subcommand("tailleg", "Tail leg height for a condensate receiver and condenser");
-  tailleg->add_option("VALUES", *tail, "RECEIVER (mmHgA) CONDENSER (mmHgA) SG")->required()->expected(3);
+  tailleg->add_option("VALUES", *tail, "RECEIVER (mmHgA) CONDENSER (mmHgA) SG")->required()->expected(3)->check(SingleNumber());
   tailleg->callback([&exit_code, tail] { exit_code = TailLeg(*tail); });
 
   auto gas = std::make_shared<GasArgs>();
   auto* gasflow = app.add_subcommand("gasflow", "Gas mass flow to volume flows, or a volume flow to mass flow");
-  gasflow->add_option("--mw", gas->mw, "Molecular weight")->required();
-  gasflow->add_option("--pressure", gas->pressure, "Pressure (default 760 mmHgA)");
+  gasflow->add_option("--mw", gas->mw, "Molecular weight")->required()->check(SingleNumber());
+  gasflow->add_option("--pressure", gas->pressure, "Pressure (default 760 mmHgA)")->check(SingleNumber());
   gasflow->add_option("--pressure-unit", gas->pressure_unit, "mmHgA, psig, psia, \"bar A\" or kPa");
-  gasflow->add_option("--temperature", gas->temperature, "Temperature")->required();
+  gasflow->add_option("--temperature", gas->temperature, "Temperature")->required()->check(SingleNumber());
   gasflow->add_option("--temperature-unit", gas->temperature_unit, "degF or degC");
-  gasflow->add_option("--mass", gas->mass, "Mass flow");
+  gasflow->add_option("--mass", gas->mass, "Mass flow")->check(SingleNumber());
   gasflow->add_option("--mass-unit", gas->mass_unit, "#/hr or kg/hr");
-  gasflow->add_option("--acfm", gas->acfm, "Actual cubic feet per minute");
-  gasflow->add_option("--scfm", gas->scfm, "Standard cubic feet per minute (60 F, 760 mmHg)");
-  gasflow->add_option("--ncfm", gas->ncfm, "Normal cubic feet per minute (32 F, 760 mmHg)");
-  gasflow->add_option("--nm3h", gas->nm3h, "Normal cubic meters per hour");
+  gasflow->add_option("--acfm", gas->acfm, "Actual cubic feet per minute")->check(SingleNumber());
+  gasflow->add_option("--scfm", gas->scfm, "Standard cubic feet per minute (60 F, 760 mmHg)")->check(SingleNumber());
+  gasflow->add_option("--ncfm", gas->ncfm, "Normal cubic feet per minute (32 F, 760 mmHg)")->check(SingleNumber());
+  gasflow->add_option("--nm3h", gas->nm3h, "Normal cubic meters per hour")->check(SingleNumber());
   gasflow->callback([&exit_code, gas] { exit_code = GasFlow(*gas); });
 
   auto nup = std::make_shared<NupreirArgs>();

@@ -18,12 +18,10 @@ struct CheckArgs {
 int Check(const GlobalOptions& options, const CheckArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(args.json);
-  if (!LoadSteamTable(*session, ui) || !LoadVapors(*session, ui)) return kExitUsage;
+  LoadSteamTable(*session, ui);
+  LoadVapors(*session, ui);
   InputScreen screen = NewCase();
-  if (!OpenCase(args.file, screen, ui)) {
-    if (args.json) PrintJson({{"notices", ui.notices}});
-    return kExitUsage;
-  }
+  if (!OpenCase(args.file, screen, ui)) Fail(kExitUsage, "The case " + args.file + " could not be read.", ui);
   AppData& data = session->data;
   DesignCase& dc = session->design;
   const Steam steam{data.steam, ui};

@@ -29,6 +29,7 @@ int RunStartup(const GlobalOptions& options, bool json) {
     doc["status"] = ui.statuses;
     doc["notices"] = ui.notices;
     doc["pgmfiles"] = data.paths.pgmfiles.string();
+    doc["userdata"] = data.paths.userdata.string();
     doc["userinfo"] = UserInfoStateName(data.userinfo_state);
     doc["today"] = today;
     PrintJson(doc);
@@ -37,6 +38,7 @@ int RunStartup(const GlobalOptions& options, bool json) {
   for (const auto& s : ui.statuses) std::cout << s << '\n';
   if (!started) return kExitUsage;
   std::cout << "\nProgram data:     " << data.paths.pgmfiles.string() << '\n'
+            << "User data:        " << data.paths.userdata.string() << '\n'
             << "Steam table:      " << data.steam.STEAMNP << " pressures from " << GeneralText(data.steam.STEAMTBL(1, 1))
             << " to " << GeneralText(data.steam.STEAMTBL(data.steam.STEAMNP, 1)) << " psia, "
             << (data.steam.STEAMNC - 7) / 2 << " superheat temperatures\n"

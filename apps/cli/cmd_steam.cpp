@@ -18,7 +18,7 @@ struct SteamArgs {
 int RunState(const GlobalOptions& options, StateFrom from, const SteamArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(args.json);
-  if (!LoadSteamTable(*session, ui)) return kExitUsage;
+  LoadSteamTable(*session, ui);
   const Steam steam{session->data.steam, ui};
   float t = 0, h = 0, s = 0, v = 0, moisture = 0;
   int16_t failed = 0;
@@ -59,7 +59,7 @@ int RunState(const GlobalOptions& options, StateFrom from, const SteamArgs& args
 int RunSat(const GlobalOptions& options, const SteamArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(args.json);
-  if (!LoadSteamTable(*session, ui)) return kExitUsage;
+  LoadSteamTable(*session, ui);
   float p = 0;
   int16_t failed = 0;
   SatPress(Steam{session->data.steam, ui}, args.x, p, failed);
@@ -95,15 +95,15 @@ void AddSteamCommand(CLI::App& app, const GlobalOptions& options, int& exit_code
   for (const Form& form : forms) {
     auto args = std::make_shared<SteamArgs>();
     auto* cmd = group->add_subcommand(form.name, form.help);
-    cmd->add_option("P", args->p, "Pressure, mmHgA")->required();
-    cmd->add_option(form.x_name, args->x, form.help)->required();
+    cmd->add_option("P", args->p, "Pressure, mmHgA")->required()->check(SingleNumber());
+    cmd->add_option(form.x_name, args->x, form.help)->required()->check(SingleNumber());
     cmd->add_flag("--json", args->json, "Print t, h, s, v, moisture, failed and notices as JSON");
     const StateFrom from = form.from;
     cmd->callback([&options, &exit_code, args, from] { exit_code = RunState(options, from, *args); });
   }
   auto args = std::make_shared<SteamArgs>();
   auto* sat = group->add_subcommand("sat", "Saturation pressure (mmHgA) at a temperature");
-  sat->add_option("T", args->x, "Temperature, degF")->required();
+  sat->add_option("T", args->x, "Temperature, degF")->required()->check(SingleNumber());
   sat->add_flag("--json", args->json, "Print p, failed and notices as JSON");
   sat->callback([&options, &exit_code, args] { exit_code = RunSat(options, *args); });
 }

@@ -19,12 +19,9 @@ struct TcArgs {
 int Tc(const GlobalOptions& options, const TcArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(args.json);
-  if (!LoadDesignData(*session, ui)) return kExitUsage;
+  LoadDesignData(*session, ui);
   TCInputScreen screen;
-  if (!OpenTCFile(args.file, screen, ui)) {
-    if (args.json) PrintJson({{"case", args.file}, {"notices", ui.notices}});
-    return kExitUsage;
-  }
+  if (!OpenTCFile(args.file, screen, ui)) Fail(kExitUsage, "The case " + args.file + " could not be read.", ui);
   DesignCase& dc = session->design;
   TcInput tcin;
   const int16_t err = CheckTCInput(screen, dc, tcin, Steam{session->data.steam, ui}, ui);
@@ -33,9 +30,15 @@ int Tc(const GlobalOptions& options, const TcArgs& args) {
   if (err == 0) {
     const InputScreen design_screen = NewCase();
     DesignContext ctx{dc, session->data, design_screen, session->PINTERFIX, ui};
-    outcome = DesignThermoCompressor(ctx, tcin);
-    text = TcResultsText(FillTCResults(dc, screen.Metric()));
+    try {
+      outcome = DesignThermoCompressor(ctx, tcin);
+      text = TcResultsText(FillTCResults(dc, screen.Metric()));
+    } catch (const VbError& e) {
+      Fail(kExitDesignError, "The thermo compressor could not be designed: " + RunTimeErrorText(e), ui);
+    }
   }
+  // A velocity iteration that did not settle shows the last pass: a design error.
+  const int done = err != 0 ? kExitRefused : outcome.settled ? kExitDone : kExitDesignError;
   if (args.json) {
     nlohmann::json doc{{"case", args.file}, {"input_error", err}, {"notices", ui.notices}};
     if (err == 0) {
@@ -47,14 +50,14 @@ int Tc(const GlobalOptions& options, const TcArgs& args) {
       doc["results_text"] = text;
     }
     PrintJson(doc);
-    return err == 0 ? kExitDone : kExitRefused;
+    return done;
   }
   if (err != 0) return kExitRefused;
   std::printf("%s", text.c_str());
   if (args.grid) {
     for (const auto& [label, value] : TcDebuggerGrid(dc)) std::printf("%s%s\n", label.c_str(), value.c_str());
   }
-  return kExitDone;
+  return done;
 }
 
 }  // namespace

@@ -27,11 +27,17 @@ struct UdvArgs {
 };
 
 
-// The session with the vapors loaded; null after a notice when the data base cannot be read.
-std::unique_ptr<Session> Load(const GlobalOptions& options, Ui& ui) {
+// The session with the vapors loaded.
+std::unique_ptr<Session> Load(const GlobalOptions& options, CliUi& ui) {
   auto session = MakeSession(options);
-  if (!LoadVapors(*session, ui)) return nullptr;
+  LoadVapors(*session, ui);
   return session;
+}
+
+// The vapor the ID names; a refusal when it names none.
+void RequireVapor(const UserVapors& user, int id, CliUi& ui) {
+  if (id < 0 && -id <= user.NUDV) return;
+  Fail(kExitRefused, "There is no user defined vapor " + std::to_string(id) + ".", ui);
 }
 
 void PrintGrid(const UserVapors& user, bool fahrenheit) {
@@ -49,7 +55,6 @@ void PrintGrid(const UserVapors& user, bool fahrenheit) {
 int List(const GlobalOptions& options, const UdvArgs& args) {
   CliUi ui(args.json);
   auto session = Load(options, ui);
-  if (!session) return kExitUsage;
   const UserVapors& user = session->data.user_vapors;
   if (args.json) {
     nlohmann::json doc;
@@ -71,7 +76,7 @@ int List(const GlobalOptions& options, const UdvArgs& args) {
 // Puts the given options into the edit fields, checks each as leaving it would, and updates.
 int FillAndUpdate(UdvScreen& screen, Session& session, const UdvArgs& args, CliUi& ui) {
   UserVapors& user = session.data.user_vapors;
-  const auto file = session.data.paths.DataFile(kUserVaporFile);
+  const auto file = session.data.paths.UserDataFile(kUserVaporFile);
   for (size_t k = 0; k < kFieldOptions.size(); ++k) {
     if (args.given[k]->count() > 0) screen.TextUDV[k + 1] = args.fields[k];
   }
@@ -81,15 +86,15 @@ int FillAndUpdate(UdvScreen& screen, Session& session, const UdvArgs& args, CliU
     const std::string& text = screen.TextUDV[static_cast<size_t>(field)];
     if (!UdvFieldAccepted(field, text)) {
       const bool temperature = field % 2 == 1 && field < 7;
-      ui.notice(std::string(kFieldNames[static_cast<size_t>(field - 1)]) + ": \"" + text + "\" is refused: " +
-                (temperature ? "a temperature must be a number other than 0." : "the value must be a number above 0."));
+      const std::string error = std::string(kFieldNames[static_cast<size_t>(field - 1)]) + ": \"" + text + "\" is refused: " +
+                                (temperature ? "a temperature must be a number other than 0." : "the value must be a number above 0.");
       UdvAbortChange(screen, user, file, ui);
-      return kExitRefused;
+      Fail(kExitRefused, error, ui);
     }
   }
   if (!UdvUpdate(screen, user, file, ui)) {
     UdvAbortChange(screen, user, file, ui);
-    return kExitRefused;
+    Fail(kExitRefused, "The vapor was refused; " + file.filename().string() + " is unchanged.", ui);
   }
   if (args.json) {
     PrintJson({{"id", CInt(Val(screen.TextUDV[0]))}, {"NUDV", user.NUDV}, {"notices", ui.notices}});
@@ -102,12 +107,10 @@ int FillAndUpdate(UdvScreen& screen, Session& session, const UdvArgs& args, CliU
 int Add(const GlobalOptions& options, const UdvArgs& args) {
   CliUi ui(args.json);
   auto session = Load(options, ui);
-  if (!session) return kExitUsage;
   UdvScreen screen;
   screen.fahrenheit = args.fahrenheit;
   if (!UdvAdd(screen, session->data.user_vapors, ui)) {
-    ui.notice("All 50 user defined vapors are in use: delete one before adding another.");
-    return kExitRefused;
+    Fail(kExitRefused, "All 50 user defined vapors are in use: delete one before adding another.", ui);
   }
   return FillAndUpdate(screen, *session, args, ui);
 }
@@ -115,13 +118,10 @@ int Add(const GlobalOptions& options, const UdvArgs& args) {
 int Edit(const GlobalOptions& options, const UdvArgs& args) {
   CliUi ui(args.json);
   auto session = Load(options, ui);
-  if (!session) return kExitUsage;
   UdvScreen screen;
   screen.fahrenheit = args.fahrenheit;
-  if (!UdvEdit(screen, session->data.user_vapors, args.id, ui)) {
-    ui.notice("There is no user defined vapor " + std::to_string(args.id) + ".");
-    return kExitRefused;
-  }
+  RequireVapor(session->data.user_vapors, args.id, ui);
+  UdvEdit(screen, session->data.user_vapors, args.id, ui);
   return FillAndUpdate(screen, *session, args, ui);
 }
 
@@ -129,17 +129,11 @@ int Delete(const GlobalOptions& options, const UdvArgs& args) {
   CliUi ui(args.json);
   ui.answer = args.yes;
   auto session = Load(options, ui);
-  if (!session) return kExitUsage;
   UserVapors& user = session->data.user_vapors;
-  if (args.id >= 0 || -args.id > user.NUDV) {
-    ui.notice("There is no user defined vapor " + std::to_string(args.id) + ".");
-    return kExitRefused;
-  }
-  if (!UdvDelete(user, args.id, session->data.paths.DataFile(kUserVaporFile), ui)) {
-    if (!args.yes) {
-      std::fprintf(stderr, "%s\nNot deleted: add --yes to confirm.\n", ui.questions.back().c_str());
-    }
-    return kExitRefused;
+  RequireVapor(user, args.id, ui);
+  if (!UdvDelete(user, args.id, session->data.paths.UserDataFile(kUserVaporFile), ui)) {
+    if (!args.yes) Fail(kExitRefused, ui.questions.back() + "\nNot deleted: add --yes to confirm.", ui);
+    Fail(kExitUsage, "The vapor was not deleted.", ui);
   }
   if (args.json) PrintJson({{"NUDV", user.NUDV}, {"notices", ui.notices}});
   return kExitDone;
@@ -148,12 +142,8 @@ int Delete(const GlobalOptions& options, const UdvArgs& args) {
 int Graph(const GlobalOptions& options, const UdvArgs& args) {
   CliUi ui(args.json);
   auto session = Load(options, ui);
-  if (!session) return kExitUsage;
   const UserVapors& user = session->data.user_vapors;
-  if (args.id >= 0 || -args.id > user.NUDV) {
-    ui.notice("There is no user defined vapor " + std::to_string(args.id) + ".");
-    return kExitRefused;
-  }
+  RequireVapor(user, args.id, ui);
   const Vapors vapors{session->data.vapors, user, ui};
   const UdvCurve curve = UdvGraph(vapors, static_cast<int16_t>(-args.id), args.fahrenheit);
   if (args.json) {

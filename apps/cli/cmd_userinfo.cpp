@@ -22,7 +22,7 @@ struct UserInfoArgs {
 int Show(const GlobalOptions& options, const UserInfoArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(args.json);
-  const std::filesystem::path path = session->data.paths.DataFile(kUserInfoFile);
+  const std::filesystem::path path = session->data.paths.UserDataFile(kUserInfoFile);
   UserInfo rows(kUserInfoRows);
   ReadUserInfo(path, rows, ui);
   if (args.json) {
@@ -46,7 +46,7 @@ int Show(const GlobalOptions& options, const UserInfoArgs& args) {
 int Set(const GlobalOptions& options, const UserInfoArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(args.json);
-  const std::filesystem::path path = session->data.paths.DataFile(kUserInfoFile);
+  const std::filesystem::path path = session->data.paths.UserDataFile(kUserInfoFile);
   UserInfo rows(kUserInfoRows);
   // Rows not named on the command line keep what the file holds.
   std::error_code ec;

@@ -30,7 +30,7 @@ std::string Row(int id, const std::string& formula, const std::string& name, flo
 int List(const GlobalOptions& options, const VaporArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(args.json);
-  if (!LoadVapors(*session, ui)) return kExitUsage;
+  LoadVapors(*session, ui);
   const VaporData& d = session->data.vapors;
   std::vector<int> rows;
   if (args.search.empty()) {
@@ -74,7 +74,7 @@ int List(const GlobalOptions& options, const VaporArgs& args) {
 int Pressure(const GlobalOptions& options, const VaporArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(args.json);
-  if (!LoadVapors(*session, ui)) return kExitUsage;
+  LoadVapors(*session, ui);
   const Vapors vapors{session->data.vapors, session->data.user_vapors, ui};
   const size_t loading_notices = ui.notices.size();
   float pressure = 0;
@@ -95,13 +95,12 @@ int Pressure(const GlobalOptions& options, const VaporArgs& args) {
 }
 
 int Table(const GlobalOptions& options, const VaporArgs& args) {
-  if (!VaporTableRange(args.tmin, args.tmax, args.step)) {
-    std::fprintf(stderr, "The table runs from TMIN up to TMAX (not below TMIN) in steps above 0, at most 10000 rows.\n");
-    return kExitUsage;
-  }
   auto session = MakeSession(options);
   CliUi ui(args.json);
-  if (!LoadVapors(*session, ui)) return kExitUsage;
+  if (!VaporTableRange(args.tmin, args.tmax, args.step)) {
+    Fail(kExitUsage, "The table runs from TMIN up to TMAX (not below TMIN) in steps above 0, at most 10000 rows.", ui);
+  }
+  LoadVapors(*session, ui);
   const Vapors vapors{session->data.vapors, session->data.user_vapors, ui};
   std::vector<VaporTableRow> rows;
   const bool done = VaporPressureTable(vapors, static_cast<int16_t>(args.id), args.tmin, args.tmax, args.step, rows);
@@ -135,16 +134,16 @@ void AddVaporCommand(CLI::App& app, const GlobalOptions& options, int& exit_code
   list->callback([&options, &exit_code, args] { exit_code = List(options, *args); });
 
   auto* pressure = group->add_subcommand("pressure", "Vapor pressure (mmHgA) of a vapor at a temperature (degF)");
-  pressure->add_option("ID", args->id, "Vapor ID")->required();
-  pressure->add_option("TEMP_F", args->temperature, "Temperature, degF")->required();
+  pressure->add_option("ID", args->id, "Vapor ID")->required()->check(CLI::Range(-32768, 32767));
+  pressure->add_option("TEMP_F", args->temperature, "Temperature, degF")->required()->check(SingleNumber());
   pressure->add_flag("--json", args->json, "Print pressure, flag and notices as JSON");
   pressure->callback([&options, &exit_code, args] { exit_code = Pressure(options, *args); });
 
   auto* table = group->add_subcommand("table", "Vapor pressures of a vapor over a temperature range (degF)");
-  table->add_option("ID", args->id, "Vapor ID")->required();
-  table->add_option("TMIN", args->tmin, "First temperature, degF")->required();
-  table->add_option("TMAX", args->tmax, "Last temperature, degF")->required();
-  table->add_option("STEP", args->step, "Temperature step, degF")->required();
+  table->add_option("ID", args->id, "Vapor ID")->required()->check(CLI::Range(-32768, 32767));
+  table->add_option("TMIN", args->tmin, "First temperature, degF")->required()->check(SingleNumber());
+  table->add_option("TMAX", args->tmax, "Last temperature, degF")->required()->check(SingleNumber());
+  table->add_option("STEP", args->step, "Temperature step, degF")->required()->check(SingleNumber());
   table->add_flag("--json", args->json, "Print the rows as JSON");
   table->callback([&options, &exit_code, args] { exit_code = Table(options, *args); });
 }

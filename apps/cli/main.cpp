@@ -1,18 +1,44 @@
-// The kestrane command: global options and the dispatch to the command groups.
+// The kestrane command: global options, the dispatch to the command groups, and the report of any failure.
+#include <cstring>
 #include <iostream>
+#include <new>
 
 #include "cli.h"
 #include "properties/vb.h"
 #include "shell/constants.h"
+
+namespace {
+
+// Whether the command line asks for JSON output: a failure is then a JSON object too.
+bool JsonAsked(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    if (std::strcmp(argv[i], "--json") == 0) return true;
+  }
+  return false;
+}
+
+// The failure on standard error, and as a JSON object with --json; its exit status.
+int Report(bool json, int exit_code, const std::string& error, const std::vector<std::string>& notices = {}) {
+  if (!error.empty()) std::cerr << error << '\n';
+  if (json) kestrane::cli::PrintJson({{"error", error}, {"exit_code", exit_code}, {"notices", notices}});
+  return exit_code;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   using namespace kestrane;
   CLI::App app{"Kestrane designs steam jet vacuum systems and answers the engineering calculations around them."};
   app.set_version_flag("--version", "Kestrane " + Trim(GeneralText(PROGVERSION)), "Print the program version and exit");
   app.require_subcommand(1);
+  app.footer(
+      "Exit status: 0 done, 1 the input was refused by a check, 2 a usage or file error, "
+      "3 a design that ran but ended with an error (pump, condenser, or a stage whose balance failed).");
 
   cli::GlobalOptions options;
-  app.add_option("--pgmfiles", options.pgmfiles, "Folder of the program's data files (default: pgmfiles beside the program)");
+  app.add_option("--pgmfiles", options.pgmfiles,
+                 "Folder of the program's data files, the user's own among them "
+                 "(default: the shipped data in pgmfiles beside the program, the user's in ~/.local/share/kestrane)");
   app.add_option("--date", options.date, "Fix today's date for reports, as YYYY-MM-DD");
 
   int exit_code = cli::kExitDone;
@@ -26,6 +52,7 @@ int main(int argc, char** argv) {
   cli::AddTcCommand(app, options, exit_code);
   cli::AddCalculatorCommands(app, options, exit_code);
 
+  const bool json = JsonAsked(argc, argv);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp& e) {
@@ -35,12 +62,19 @@ int main(int argc, char** argv) {
   } catch (const CLI::CallForVersion& e) {
     return app.exit(e);
   } catch (const CLI::ParseError& e) {
-    app.exit(e);
+    app.exit(e);  // the message and the pointer to --help on standard error
+    if (json) cli::PrintJson({{"error", e.what()}, {"exit_code", cli::kExitUsage}, {"notices", nlohmann::json::array()}});
     return cli::kExitUsage;
+  } catch (const cli::Failure& f) {
+    return Report(json, f.exit_code, f.error, f.notices);
   } catch (const VbError& e) {
     // An arithmetic or data fault that no routine traps: report it, never crash.
-    std::cerr << "Run-time error " << e.number() << ": " << e.description() << '\n';
-    return cli::kExitUsage;
+    return Report(json, cli::kExitUsage, RunTimeErrorText(e));
+  } catch (const std::bad_alloc&) {
+    return Report(json, cli::kExitUsage, RunTimeErrorText(VbError(7)));
+  }
+  if (json && exit_code != cli::kExitDone && !cli::JsonPrinted()) {
+    return Report(json, exit_code, "The command failed with exit status " + std::to_string(exit_code) + ".");
   }
   return exit_code;
 }

@@ -1,8 +1,10 @@
 // The command line's session: program paths, the fixed date, JSON output.
+#include <cmath>
 #include <cstdio>
 
 #include "cli.h"
 #include "properties/user_vapors.h"
+#include "properties/vb.h"
 
 namespace kestrane::cli {
 
@@ -17,10 +19,22 @@ bool IsCalendarDay(int y, int m, int d) {
 
 }  // namespace
 
+CLI::Validator SingleNumber() {
+  return CLI::Validator(
+      [](std::string& text) -> std::string {
+        if (!IsNumeric(text) || text.find(',') != std::string::npos) return "\"" + text + "\" is not a number";
+        if (!std::isfinite(static_cast<float>(Val(text)))) {
+          return "\"" + text + "\" lies beyond the largest number the program holds (3.402823E+38)";
+        }
+        return {};
+      },
+      "NUMBER");
+}
+
 std::unique_ptr<Session> MakeSession(const GlobalOptions& options) {
-  ProgramPaths paths = PathsForProgram(ExecutableDirectory());
-  if (!options.pgmfiles.empty()) paths.pgmfiles = options.pgmfiles;
-  auto session = std::make_unique<Session>(paths);
+  const std::filesystem::path program = ExecutableDirectory();
+  auto session = std::make_unique<Session>(options.pgmfiles.empty() ? PathsForProgram(program)
+                                                                    : PathsForDataFolder(program, options.pgmfiles));
   if (!options.date.empty()) {
     int y = 0, m = 0, d = 0;
     char tail = 0;
@@ -32,26 +46,36 @@ std::unique_ptr<Session> MakeSession(const GlobalOptions& options) {
   return session;
 }
 
-bool LoadSteamTable(Session& session, Ui& ui) {
-  return ReadSteamData(session.data.paths.DataFile(kSteamFile), session.data.steam, ui);
+void LoadSteamTable(Session& session, RecordingUi& ui) {
+  const std::filesystem::path file = session.data.paths.DataFile(kSteamFile);
+  if (!ReadSteamData(file, session.data.steam, ui)) Fail(kExitUsage, "The steam table " + file.string() + " could not be read.", ui);
 }
 
-bool LoadVapors(Session& session, Ui& ui) {
+void LoadVapors(Session& session, RecordingUi& ui) {
   AppData& data = session.data;
-  if (!ReadPsat(data.paths.DataFile(kVaporFile), data.vapors, ui)) return false;
-  ReadUDV(data.paths.DataFile(kUserVaporFile), data.user_vapors, ui);
-  return true;
+  const std::filesystem::path file = data.paths.DataFile(kVaporFile);
+  if (!ReadPsat(file, data.vapors, ui)) Fail(kExitUsage, "The vapor data base " + file.string() + " could not be read.", ui);
+  ReadUDV(data.paths.UserDataFile(kUserVaporFile), data.user_vapors, ui);
 }
 
-bool LoadDesignData(Session& session, Ui& ui) {
-  if (!LoadSteamTable(session, ui) || !LoadVapors(session, ui)) return false;
+void LoadDesignData(Session& session, RecordingUi& ui) {
+  LoadSteamTable(session, ui);
+  LoadVapors(session, ui);
   SetCurves(session.data.curves);
   SetConstants(session.data.constants);
   ReadPumps(session.data.paths.DataFile(kPumpFile), session.data.pumps, ui);
   SetPumpTables(session.data.pumps.tables);
-  return true;
 }
 
-void PrintJson(const nlohmann::json& doc) { std::cout << doc.dump(2) << '\n'; }
+namespace {
+bool json_printed = false;
+}  // namespace
+
+void PrintJson(const nlohmann::json& doc) {
+  std::cout << doc.dump(2) << '\n';
+  json_printed = true;
+}
+
+bool JsonPrinted() { return json_printed; }
 
 }  // namespace kestrane::cli

@@ -66,6 +66,12 @@ float Nupreir::Function(const std::string& name, float x) const {
 }
 
 float Nupreir::EvaluateExpr(const std::string& source) {
+  if (nesting_ >= kMaxNesting || source.size() > kMaxLength) throw VbError(28);
+  struct Level {
+    int& nesting;
+    explicit Level(int& n) : nesting(++n) {}
+    ~Level() { --nesting; }
+  } level_guard(nesting_);
   const std::string text = Trim(source);
   if (text.empty()) return 0;
 

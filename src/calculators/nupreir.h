@@ -29,7 +29,13 @@ class Nupreir {
 
   // Adds a variable; a name already present is error 457.
   void AddVariable(const std::string& name, const std::string& value);
+  // The value of an expression, splitting it recursively. The splitting goes
+  // at most kMaxNesting levels deep and takes texts of at most kMaxLength
+  // characters: beyond either it stops with error 28 "Out of stack space",
+  // so that no expression can exhaust the stack or the memory.
   float EvaluateExpr(const std::string& text);
+  static constexpr int kMaxNesting = 1000;
+  static constexpr size_t kMaxLength = 65535;
 
   std::string echo;
   bool variable_used = false;
@@ -37,6 +43,7 @@ class Nupreir {
  private:
   float Function(const std::string& name, float x) const;
   bool radians_;
+  int nesting_ = 0;  // levels of EvaluateExpr under way
   std::map<std::string, std::string> store_;  // lower-case name -> value text
 };
 

@@ -120,7 +120,12 @@ bool Calculate_DP(DpScreen& s, Ui& ui, bool quiet) {
     const bool hei = s.hei;
     const bool steam = hei && Val(s.txtEV[3]) == 1;
     const bool metric = !s.standard;
-    auto field = [&](int i) { return Val(s.txtEV[static_cast<size_t>(i)]); };
+    // A box holding a number beyond a Single's range is an overflow.
+    auto field = [&](int i) {
+      const double value = Val(s.txtEV[static_cast<size_t>(i)]);
+      CSng(value);
+      return value;
+    };
     const double w = metric ? field(1) * kLbPerKg : field(1);
     const double t = metric ? field(2) * 1.8 + 32 : field(2);
     const double id = metric ? field(6) / 25.4 : field(6);

@@ -12,11 +12,39 @@ namespace kestrane {
 
 namespace {
 
-float Number(const std::string& text) { return static_cast<float>(Val(text)); }
+float Number(const std::string& text) { return CSng(Val(text)); }
 
 void Add(std::string& notices, std::string_view message) {
   notices += message;
   notices += "\r\n";
+}
+
+// The boxes the check reads as Singles (and the vapor IDs as 16-bit integers):
+// a number beyond their range is error 6, refused here with the box named
+// before any of them is read.
+void RefuseOverflowingBoxes(const InputScreen& screen, std::string& notices) {
+  static const char* const kMainBoxes[] = {"suction pressure",  "suction temperature", "discharge pressure",
+                                           "motive pressure",   "motive temperature",  "cooling water inlet temperature",
+                                           "cooling water outlet temperature", "fouling factor"};
+  const auto check = [&](const std::string& text, const std::string& what, bool integer) {
+    const double v = Val(text);
+    const bool overflows = integer ? !(std::nearbyint(v) >= -32768.0 && std::nearbyint(v) <= 32767.0)
+                                   : !std::isfinite(static_cast<float>(v));
+    if (overflows) Add(notices, "Run-time error 6: Overflow in the " + what + " (" + Trim(text) + ").");
+  };
+  for (size_t i = 0; i < screen.txtInput.size(); ++i) check(screen.txtInput[i], kMainBoxes[i], false);
+  const auto costs = CostCaptions(screen.Metric());
+  for (size_t i = 0; i < screen.txtCost.size(); ++i) check(screen.txtCost[i], Trim(costs[i]), false);
+  for (size_t row = 0; row <= 9; ++row) {
+    const std::string load = " of " + std::string(row == 0 ? "the water load" : "condensible load " + std::to_string(row + 1));
+    check(screen.txtCpph[row], "flow" + load, false);
+    if (row > 0) check(screen.txtCID[row], "vapor ID" + load, true);
+  }
+  for (size_t row = 0; row <= 9; ++row) {
+    const std::string load = " of non-condensible load " + std::to_string(row + 1);
+    check(screen.txtNCpph[row], "flow" + load, false);
+    check(screen.txtNCMW[row], "molecular weight" + load, false);
+  }
 }
 
 // The stage count asked for, and whether the suction pressure suits it.
@@ -90,6 +118,12 @@ int16_t CheckInput(InputScreen& screen, DesignCase& dc, float& pinterfix, const 
   int16_t err = 0;
   const auto& in = screen.txtInput;
 
+  RefuseOverflowingBoxes(screen, notices);
+  if (!notices.empty()) {
+    services.ui.notice(notices);
+    return 1;
+  }
+
   // Main values and their limits.
   const float values[] = {Number(in[0]), Number(in[1]), Number(in[2]), Number(in[3]), Number(in[4]), Number(in[5])};
   dc.PSUCT = values[0];
@@ -154,7 +188,7 @@ int16_t CheckInput(InputScreen& screen, DesignCase& dc, float& pinterfix, const 
   const float temps[] = {dc.TSATC1, dc.TSATC2, dc.TSATAC};
   for (size_t row = 1; row <= 9; ++row) {
     const float flow = Number(screen.txtCpph[row]);
-    const auto id = static_cast<int16_t>(Number(screen.txtCID[row]));
+    const int16_t id = CInt(Val(screen.txtCID[row]));
     if (!(flow > 0) || id == 0) continue;
     const bool known = id > 0 ? id <= services.vapors.data.NPSAT : -id <= services.vapors.user.NUDV;
     if (!known) {

@@ -46,6 +46,7 @@ void ParseUserVapors(TextInput& file, UserVapors& user) {
       }
       const std::string field = Trim(text.substr(at, comma - at));
       if (!IsNumeric(field)) throw Damage{line, "\"" + field + "\" stands where a number belongs"};
+      if (!std::isfinite(static_cast<float>(Val(field)))) throw Damage{line, field + " is too large a number"};
       values[static_cast<size_t>(c)] = static_cast<float>(Val(field));
       at = comma + 1;
     }
@@ -78,9 +79,11 @@ UserVaporsRead ReadUDV(const std::filesystem::path& path, UserVapors& user, Ui& 
     ui.notice("The user defined vapors file " + path.filename().string() + " is damaged at line " +
               std::to_string(d.line) + ": " + d.what + ". The " + std::to_string(user.NUDV) +
               " vapors before it are kept; the file is not changed until a vapor is added, edited or deleted.");
+    NoticeDamagedCopy(path, ui);
     return UserVaporsRead::kFailed;
   } catch (const VbError& e) {
     ui.notice(TrappedError("ReadUDV", e));
+    NoticeDamagedCopy(path, ui);
     return UserVaporsRead::kFailed;
   }
   return UserVaporsRead::kRead;
@@ -169,10 +172,19 @@ bool UdvFieldAccepted(int index, const std::string& text) {
 }
 
 bool ValidateUDV(const UdvScreen& screen, UserVapors& user, const std::filesystem::path& path, Ui& ui) {
-  const auto number = [&](int field) { return static_cast<float>(Val(screen.TextUDV[static_cast<size_t>(field)])); };
-  const int row = std::abs(CInt(Val(screen.TextUDV[0])));
-  float t1 = number(1), t2 = number(3), t3 = number(5);
-  const float p1 = number(2), p2 = number(4), p3 = number(6);
+  const auto number = [&](int field) { return CSng(Val(screen.TextUDV[static_cast<size_t>(field)])); };
+  int row = 0;
+  float t1 = 0, t2 = 0, t3 = 0, p1 = 0, p2 = 0, p3 = 0, mw = 0;
+  try {
+    // A field beyond a Single's range is refused here: nothing is stored or written.
+    row = std::abs(CInt(Val(screen.TextUDV[0])));
+    t1 = number(1), t2 = number(3), t3 = number(5);
+    p1 = number(2), p2 = number(4), p3 = number(6);
+    mw = number(7);
+  } catch (const VbError& e) {
+    ui.notice(RunTimeErrorText(e));
+    return false;
+  }
   if (!(t1 < t2) || !(t1 < t3) || !(t2 < t3)) {
     ui.notice("ERROR: Temperatures may not be equal and must be in ascending order!");
     return false;
@@ -191,7 +203,7 @@ bool ValidateUDV(const UdvScreen& screen, UserVapors& user, const std::filesyste
     t2 = ToCelsius(t2);
     t3 = ToCelsius(t3);
   }
-  const float values[] = {static_cast<float>(-row), t1, p1, t2, p2, t3, p3, number(7), screen.alcohol ? 1.0f : 0.0f};
+  const float values[] = {static_cast<float>(-row), t1, p1, t2, p2, t3, p3, mw, screen.alcohol ? 1.0f : 0.0f};
   for (int c = 1; c <= 9; ++c) user.UDVDATA(row, c) = values[c - 1];
   user.UDVNAME(row) = FixedText(screen.TextUDV[8], kUserVaporNameLength);
   if (row > user.NUDV) user.NUDV = static_cast<int16_t>(row);

@@ -7,6 +7,7 @@
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 
 namespace kestrane {
 
@@ -38,6 +39,7 @@ std::string ErrorText(int number) {
     case 9: return "Subscript out of range";
     case 11: return "Division by zero";
     case 13: return "Type mismatch";
+    case 28: return "Out of stack space";
     case 52: return "Bad file name or number";
     case 53: return "File not found";
     case 54: return "Bad file mode";
@@ -161,6 +163,10 @@ std::string TrappedError(std::string_view routine, const VbError& e) {
   return std::string(routine) + " Error:" + Str(e.number()) + " " + e.description();
 }
 
+std::string RunTimeErrorText(const VbError& e) {
+  return "Run-time error " + std::to_string(e.number()) + ": " + e.description();
+}
+
 VbError::VbError(int number, const std::string& text) : std::runtime_error(text), number_(number) {}
 
 int16_t CInt(double x) {
@@ -168,6 +174,16 @@ int16_t CInt(double x) {
   const double r = std::nearbyint(x);
   if (!(r >= -32768.0 && r <= 32767.0)) throw VbError(6);
   return static_cast<int16_t>(r);
+}
+
+float CSng(double x) {
+  if (!(std::fabs(x) <= static_cast<double>(std::numeric_limits<float>::max()))) {
+    // Rounding to the nearest Single may still land on the largest one.
+    const float rounded = static_cast<float>(x);
+    if (!std::isfinite(rounded)) throw VbError(6);
+    return rounded;
+  }
+  return static_cast<float>(x);
 }
 
 std::string GeneralText(float x) { return GeneralForm(static_cast<double>(x), 7); }
@@ -265,7 +281,7 @@ bool IsNumeric(std::string_view text) {
     while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) ++i;
     if (i == first) return false;
   }
-  return i == s.size();
+  return i == s.size() && std::isfinite(Val(s));
 }
 
 bool NumberFieldFlagged(std::string& text) {

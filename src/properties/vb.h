@@ -29,8 +29,15 @@ class VbError : public std::runtime_error {
 // The message of a trapped run-time error: routine + " Error:" + Str(number) + " " + text.
 std::string TrappedError(std::string_view routine, const VbError& e);
 
+// The message of an error no routine traps: "Run-time error 6: Overflow".
+std::string RunTimeErrorText(const VbError& e);
+
 // Round half to even to a 16-bit integer; error 6 when out of range.
 int16_t CInt(double x);
+
+// CSng: a number as a Single; error 6 when it lies beyond the Single's range
+// (a NaN is error 6 too, never a silent result).
+float CSng(double x);
 
 // Largest integer not above x, in the type of x.
 template <std::floating_point T>
@@ -81,6 +88,7 @@ double Val(std::string_view text);
 
 // The numeric test of the original (IsNumeric): a number with optional blanks
 // around it, sign, decimals, exponent, thousands commas, or &H / &O forms.
+// A number beyond the range of a Double ("1E400") is not numeric.
 bool IsNumeric(std::string_view text);
 
 // The number check shared by input boxes: an empty text becomes "0"; the

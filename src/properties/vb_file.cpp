@@ -8,8 +8,10 @@
 #include <fstream>
 #include <sstream>
 
+#include "properties/binary_file.h"
 #include "properties/text_codec.h"
 #include "properties/vb.h"
+#include "shell/ui.h"
 
 namespace kestrane {
 
@@ -23,6 +25,32 @@ int VbErrorFromErrno(int error_code) {
     case ENOSPC: return 61;
     default: return 75;
   }
+}
+
+std::string KeepDamagedCopy(const std::filesystem::path& path) {
+  namespace fs = std::filesystem;
+  std::error_code ec;
+  if (!fs::is_regular_file(path, ec)) return {};
+  const std::vector<char> bytes = ReadFileBytes(path);
+  for (int n = 1; n <= 99; ++n) {
+    fs::path copy = path;
+    copy += n == 1 ? ".bak" : ".bak" + std::to_string(n);
+    const std::string name = copy.filename().string();
+    const std::string said = "The file " + path.filename().string() +
+                             " could not be read whole; it is kept as it was in " + name + ".";
+    if (fs::exists(copy, ec)) {
+      if (ReadFileBytes(copy) == bytes) return said;
+      continue;
+    }
+    if (!fs::copy_file(path, copy, ec) || ec) return {};
+    return said;
+  }
+  return {};
+}
+
+void NoticeDamagedCopy(const std::filesystem::path& path, Ui& ui) {
+  const std::string said = KeepDamagedCopy(path);
+  if (!said.empty()) ui.notice(said);
 }
 
 TextInput::TextInput(const std::filesystem::path& path) {

@@ -11,6 +11,17 @@ namespace kestrane {
 // (53 file not found, 70 permission denied, 76 path not found, 61 disk full, else 75).
 int VbErrorFromErrno(int error_code);
 
+// Keeps a copy of a file that could not be read whole beside it, as NAME.bak
+// (NAME.bak2, NAME.bak3... when a different older copy stands there; nothing
+// new when the same copy already does), so that a later save of what was read
+// never loses the rest. Returns the notice that says so, empty when the file
+// does not exist or no copy could be made.
+std::string KeepDamagedCopy(const std::filesystem::path& path);
+
+class Ui;
+// KeepDamagedCopy, its notice shown.
+void NoticeDamagedCopy(const std::filesystem::path& path, Ui& ui);
+
 // A text file read whole on opening; lines end with CR LF, LF or CR and are
 // Windows-1252 on disk, UTF-8 here. Errors are VbError with the original numbers.
 class TextInput {

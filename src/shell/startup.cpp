@@ -17,7 +17,7 @@ bool RunStartSequence(Session& session, Ui& ui) {
 
   ui.status(std::string(kStartProgressTexts[2]));
   if (!ReadPsat(data.paths.DataFile(kVaporFile), data.vapors, ui)) return false;
-  ReadUDV(data.paths.DataFile(kUserVaporFile), data.user_vapors, ui);
+  ReadUDV(data.paths.UserDataFile(kUserVaporFile), data.user_vapors, ui);
 
   ui.status(std::string(kStartProgressTexts[3]));
   SetConstants(data.constants);
@@ -30,7 +30,7 @@ bool RunStartSequence(Session& session, Ui& ui) {
   SetPumpTables(data.pumps.tables);
 
   ui.status(std::string(kStartProgressTexts[6]));
-  data.userinfo_state = ReadUserInfo(data.paths.DataFile(kUserInfoFile), data.USERINFO, ui);
+  data.userinfo_state = ReadUserInfo(data.paths.UserDataFile(kUserInfoFile), data.USERINFO, ui);
 
   // The main menu's slogan; the pricing configuration is read under it.
   ui.status(std::string(kStartProgressTexts[7]));

@@ -18,6 +18,7 @@ UserInfoRead ReadUserInfo(const std::filesystem::path& path, UserInfo& rows, Ui&
     for (int row = 1; row <= kUserInfoRows; ++row) rows(row) = file.LineInput();
   } catch (const VbError& e) {
     ui.notice(TrappedError("ReadUserInfo", e));
+    NoticeDamagedCopy(path, ui);
     return UserInfoRead::kFailed;
   }
   return UserInfoRead::kRead;

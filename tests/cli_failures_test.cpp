@@ -1,0 +1,191 @@
+// How the command reports failures, refuses numbers it cannot hold and keeps the user's own data.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "case/jet_file.h"
+#include "test_support.h"
+
+namespace fs = std::filesystem;
+using kestrane::testing::Kestrane;
+using kestrane::testing::ReadBytes;
+using kestrane::testing::WriteBytes;
+
+namespace {
+
+const fs::path kExamples = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles";
+const fs::path kShipped = fs::path(KESTRANE_CLI).parent_path() / "pgmfiles";
+
+std::string Quoted(const fs::path& p) { return "'" + p.string() + "'"; }
+
+// A scratch data folder with the shipped data, and cases made from the examples.
+class Failures : public kestrane::testing::ScratchFolder {
+ protected:
+  void SetUp() override {
+    ScratchFolder::SetUp();
+    kestrane::testing::CopyProgramData(dir);
+  }
+  std::string Pgm() const { return "--pgmfiles " + Quoted(dir) + " "; }
+  // An example case with some boxes changed, saved in the scratch folder.
+  fs::path CaseWith(const std::string& example, const std::function<void(kestrane::InputScreen&)>& change) {
+    kestrane::RecordingUi ui;
+    kestrane::InputScreen screen = kestrane::NewCase();
+    EXPECT_TRUE(kestrane::ReadCase(kExamples / example, screen, ui));
+    change(screen);
+    const fs::path file = dir / ("CHANGED-" + std::to_string(++cases_) + ".JET");
+    EXPECT_TRUE(kestrane::WriteCase(file, screen, ui));
+    return file;
+  }
+
+ private:
+  int cases_ = 0;
+};
+
+}  // namespace
+
+TEST_F(Failures, EveryCaseOfADesignCommandGetsItsResultWhenOneFails) {
+  const fs::path good = kExamples / "SOLVENT-LOADS-THREE-STAGE.JET";
+  const fs::path missing = dir / "NO-SUCH-CASE.JET";
+  const auto r = Kestrane(Pgm() + "design " + Quoted(good) + " " + Quoted(missing) + " " + Quoted(good) + " --json");
+  EXPECT_EQ(r.exit_code, 2);
+  const auto docs = nlohmann::json::parse(r.out);
+  ASSERT_EQ(docs.size(), 3u);
+  EXPECT_EQ(docs[0]["TOTALS"], docs[2]["TOTALS"]);
+  EXPECT_GT(docs[0]["TOTALS"][5].get<double>(), 600) << "motive steam, lb/hr";
+  EXPECT_EQ(docs[1]["case"], missing.string());
+  EXPECT_FALSE(docs[1]["error"].get<std::string>().empty());
+  EXPECT_TRUE(docs[0]["errors"].empty());
+}
+
+TEST_F(Failures, EveryJsonCommandPrintsItsErrorAsJson) {
+  // Unreadable data files.
+  const fs::path empty = dir / "empty";
+  fs::create_directories(empty);
+  for (const std::string& command : std::vector<std::string>{"steam pt 760 0 --json", "vapor pressure 3 100 --json", "udv list --json",
+                                    "design " + Quoted(kExamples / "TWO-STAGE-LRVP.JET") + " --json"}) {
+    const auto r = Kestrane("--pgmfiles " + Quoted(empty) + " " + command);
+    EXPECT_EQ(r.exit_code, 2) << command;
+    const auto doc = nlohmann::json::parse(r.out);
+    EXPECT_FALSE(doc["error"].get<std::string>().empty()) << command;
+    EXPECT_FALSE(doc["notices"].empty()) << command << ": the read error notice comes along";
+  }
+  // A refusal of the user vapor checks, and usage errors.
+  const auto refused = Kestrane(Pgm() + "udv edit -9 --p1 5 --json");
+  EXPECT_EQ(refused.exit_code, 1);
+  EXPECT_EQ(nlohmann::json::parse(refused.out)["error"], "There is no user defined vapor -9.");
+  const auto usage = Kestrane(Pgm() + "stage 50 200 abc 0 100 --json");
+  EXPECT_EQ(usage.exit_code, 2);
+  EXPECT_NE(nlohmann::json::parse(usage.out)["error"].get<std::string>().find("PMOTIVE"), std::string::npos);
+}
+
+TEST_F(Failures, BadNumbersOnTheCommandLineAreUsageErrorsThatNameTheArgument) {
+  const struct {
+    std::string args, named;
+  } bad[] = {{"gasflow --mw 29 --temperature 60 --mass abc", "--mass"},
+             {"stage 50 200 150 0 1e40", "VE"},
+             {"steam sat nan", "T"},
+             {"vapor pressure 65539 100", "ID"},
+             {"vapor table 3 32 1,000 10", "TMAX"},
+             {"tailleg 760 0 x", "VALUES"}};
+  for (const auto& b : bad) {
+    const auto r = Kestrane(Pgm() + b.args);
+    EXPECT_EQ(r.exit_code, 2) << b.args;
+    EXPECT_EQ(r.err.find(b.named), 0u) << b.args << ": " << r.err;
+    EXPECT_TRUE(r.out.empty()) << b.args;
+  }
+}
+
+TEST_F(Failures, DesignsThatEndWithAnErrorFlagExitWithThree) {
+  const auto pump = Kestrane(Pgm() + "design " + Quoted(kExamples / "LRVP-BEYOND-LIMITS.JET"));
+  EXPECT_EQ(pump.exit_code, 3);
+  EXPECT_NE(pump.out.find("LRVP Error"), std::string::npos);
+  EXPECT_NE(pump.err.find("Design error: "), std::string::npos);
+
+  // Discharge below suction: the balance cannot converge.
+  const auto stage = Kestrane(Pgm() + "stage 200 50 150 0 100 --json");
+  EXPECT_EQ(stage.exit_code, 3);
+  const auto doc = nlohmann::json::parse(stage.out);
+  EXPECT_NE(doc["failed"], 0);
+  EXPECT_EQ(doc["errors"].size(), 1u);
+  EXPECT_EQ(Kestrane(Pgm() + "stage 50 200 150 0 100").exit_code, 0);
+}
+
+TEST_F(Failures, CaseNumbersBeyondTheirRangeAreRefusedByTheCheck) {
+  const fs::path hot = CaseWith("SOLVENT-LOADS-THREE-STAGE.JET", [](auto& s) { s.txtInput[4] = "1e400"; });
+  const fs::path costly = CaseWith("SOLVENT-LOADS-THREE-STAGE.JET", [](auto& s) { s.txtCost[0] = "1E+39"; });
+  const fs::path heavy = CaseWith("SOLVENT-LOADS-THREE-STAGE.JET", [](auto& s) { s.txtNCpph[0] = "3.5e38"; });
+  const fs::path id = CaseWith("SOLVENT-LOADS-THREE-STAGE.JET", [](auto& s) { s.txtCID[1] = "65539"; });
+  for (const fs::path& file : {hot, costly, heavy, id}) {
+    const auto r = Kestrane(Pgm() + "design " + Quoted(file) + " --json");
+    EXPECT_EQ(r.exit_code, 1) << file;
+    const auto doc = nlohmann::json::parse(r.out);
+    EXPECT_EQ(doc["input_error"], 1);
+    ASSERT_EQ(doc["notices"].size(), 1u) << file;
+    EXPECT_EQ(doc["notices"][0].get<std::string>().find("Run-time error 6: Overflow in the "), 0u) << doc["notices"][0];
+    EXPECT_EQ(r.out.find("INF"), std::string::npos);
+  }
+  const auto notice = nlohmann::json::parse(Kestrane(Pgm() + "check " + Quoted(id) + " --json").out)["notices"][0];
+  EXPECT_EQ(notice, "Run-time error 6: Overflow in the vapor ID of condensible load 2 (65539).\r\n");
+
+  // A vapor ID is a 16-bit integer: 3.7 rounds to 4, never truncates to 3.
+  const fs::path fraction = CaseWith("SOLVENT-LOADS-THREE-STAGE.JET", [](auto& s) { s.txtCID[1] = "3.7"; });
+  const auto check = nlohmann::json::parse(Kestrane(Pgm() + "check " + Quoted(fraction) + " --json").out);
+  EXPECT_EQ(check["LOADS"][1]["ID"], 4);
+}
+
+TEST_F(Failures, APressureLossWithAnImpossiblePipeGivesItsMessageNotInfinity) {
+  std::string bytes = ReadBytes(kExamples / "LINE-LOSS-HEI.TDP");
+  // After the version and the two flags, the sixth field is the pipe's inside diameter.
+  size_t at = 0;
+  for (int line = 0; line < 3 + 5; ++line) at = bytes.find("\r\n", at) + 2;
+  bytes.replace(at, bytes.find("\r\n", at) - at, "1E+39");
+  WriteBytes(dir / "HUGE-PIPE.TDP", bytes);
+  const auto r = Kestrane("dp " + Quoted(dir / "HUGE-PIPE.TDP"));
+  EXPECT_EQ(r.exit_code, 1);
+  EXPECT_EQ(r.err, "Error in pressure drop calculation.  Check input and retry.\n");
+  EXPECT_EQ(r.out.find("INF"), std::string::npos);
+}
+
+TEST_F(Failures, AUserVaporBeyondASinglesRangeIsRefusedAndTheFileKept) {
+  ASSERT_EQ(Kestrane(Pgm() + "udv add --name Mine --mw 58 --t1 20 --p1 40 --t2 50 --p2 200 --t3 80 --p3 700").exit_code, 0);
+  const std::string before = ReadBytes(dir / "UDV.DTA");
+  const auto r = Kestrane(Pgm() + "udv edit -1 --t3 1e40 --json");
+  EXPECT_EQ(r.exit_code, 1);
+  EXPECT_EQ(nlohmann::json::parse(r.out)["notices"][0], "Run-time error 6: Overflow");
+  EXPECT_EQ(ReadBytes(dir / "UDV.DTA"), before);
+  EXPECT_EQ(before.find("INF"), std::string::npos);
+}
+
+TEST_F(Failures, TheUsersVaporsLiveInTheUsersDataFolderSeededFromTheShippedCopy) {
+  // No --pgmfiles: the program's own data beside it, the user's in XDG_DATA_HOME.
+  const std::string shipped = ReadBytes(kShipped / "UDV.DTA");
+  const auto add = Kestrane("udv add --name Mine --mw 58 --t1 20 --p1 40 --t2 50 --p2 200 --t3 80 --p3 700 --json");
+  ASSERT_EQ(add.exit_code, 0) << add.err;
+  const fs::path mine = dir / "data" / "kestrane" / "UDV.DTA";
+  const std::string now = ReadBytes(mine);
+  EXPECT_NE(now.find("Mine"), std::string::npos);
+  const int shipped_count = std::stoi(shipped);
+  EXPECT_EQ(std::stoi(now), shipped_count + 1) << "the shipped vapors come along";
+  EXPECT_EQ(ReadBytes(kShipped / "UDV.DTA"), shipped) << "the shipped copy is never written";
+  const auto info = Kestrane("userinfo set --name 'Ann Lee'");
+  ASSERT_EQ(info.exit_code, 0) << info.err;
+  EXPECT_TRUE(fs::exists(dir / "data" / "kestrane" / "USERINFO.DTA"));
+  EXPECT_FALSE(fs::exists(kShipped / "USERINFO.DTA"));
+}
+
+TEST_F(Failures, ADamagedVaporFileIsKeptBesideTheOneWrittenAfterIt) {
+  const std::string damaged = "3\r\n-1,20,40,50,200,80,700,58,0,Good one\r\n-2,20,forty\r\n";
+  WriteBytes(dir / "UDV.DTA", damaged);
+  const auto r = Kestrane(Pgm() + "udv add --name New --mw 58 --t1 20 --p1 40 --t2 50 --p2 200 --t3 80 --p3 700 --json");
+  ASSERT_EQ(r.exit_code, 0) << r.err;
+  const auto notices = nlohmann::json::parse(r.out)["notices"];
+  ASSERT_EQ(notices.size(), 2u);
+  EXPECT_EQ(notices[1], "The file UDV.DTA could not be read whole; it is kept as it was in UDV.DTA.bak.");
+  EXPECT_EQ(ReadBytes(dir / "UDV.DTA.bak"), damaged);
+  const std::string written = ReadBytes(dir / "UDV.DTA");
+  EXPECT_NE(written.find("Good one"), std::string::npos);
+  EXPECT_NE(written.find("New"), std::string::npos);
+  // The next run reads the new file whole: no further copy.
+  EXPECT_TRUE(nlohmann::json::parse(Kestrane(Pgm() + "udv list --json").out)["notices"].empty());
+}
