@@ -1,6 +1,7 @@
 // The engineering calculators: Nupreir, conversions, tail leg, gas volume and mass, gas pressure drop.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
 
 #include "calculators/conversions.h"
@@ -112,6 +113,24 @@ TEST(Nupreir, ParenthesisErrorsNameTheTextAndKeepTheResults) {
   } catch (const VbError& e) {
     EXPECT_EQ(e.number(), kTooManyClosing);
   }
+}
+
+TEST(Nupreir, ExpressionsTooDeepOrTooLongEndInAMessageNotACrash) {
+  const std::string deep = std::string(60000, '-') + "1";
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(Calc(deep).error, "Out of stack space");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  EXPECT_EQ(Calc(std::string(Nupreir::kMaxLength + 1, '1')).error, "Out of stack space");
+  // Within the bounds the recursion works as written.
+  EXPECT_EQ(Value(std::string(998, '-') + "1"), "1");
+  EXPECT_EQ(Value(std::string(997, '-') + "1"), "-1");
+  std::string sum = "1";
+  for (int i = 1; i < 900; ++i) sum += "+1";
+  EXPECT_EQ(Value(sum), "900");
+  // After a refusal the same calculator works again: the depth is counted back.
+  Nupreir calc(false);
+  EXPECT_THROW(calc.EvaluateExpr(deep), VbError);
+  EXPECT_EQ(calc.EvaluateExpr("2*3"), 6.0f);
 }
 
 TEST(Nupreir, FunctionsWorkInDegreesOrRadiansWhateverTheCase) {

@@ -1,6 +1,8 @@
 // The JET case file: round trips of the examples, the older layout, damaged files and safe saves.
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <cstdlib>
 #include <tuple>
 
 #include "case/jet_file.h"
@@ -74,6 +76,46 @@ TEST_F(CaseFile, EveryExampleRoundTripsToTheSameBytesAndControls) {
     EXPECT_TRUE(Controls(first) == Controls(second)) << entry.path();
     EXPECT_TRUE(ui.notices.empty());
   }
+}
+
+TEST_F(CaseFile, UnderACommaDecimalLocaleCasesReadAndSaveAsUnderC) {
+  // A German locale compiled into the scratch folder (the desktop sets the user's locale at start).
+  const fs::path locales = dir / "locale";
+  fs::create_directories(locales);
+  ASSERT_EQ(std::system(("localedef -i de_DE -f UTF-8 '" + (locales / "de_DE.UTF-8").string() + "' 2>/dev/null").c_str()), 0);
+  ::setenv("LOCPATH", locales.c_str(), 1);
+  ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr);
+  ASSERT_STREQ(std::localeconv()->decimal_point, ",") << "the test runs under a comma-decimal locale";
+
+  EXPECT_EQ(Str(2.01f), " 2.01");
+  EXPECT_EQ(Format(1234.5678f, "0.00"), "1234.57");
+  EXPECT_EQ(Val("606.5"), 606.5);
+  EXPECT_TRUE(IsNumeric("1.5E-3"));
+  std::vector<std::string> texts;
+  for (const auto& entry : fs::directory_iterator(kExamples)) {
+    if (entry.path().extension() != ".JET") continue;
+    RecordingUi ui;
+    InputScreen screen;
+    ASSERT_TRUE(ReadCase(entry.path(), screen, ui)) << entry.path() << ": " << (ui.notices.empty() ? "" : ui.notices[0]);
+    RecomputePairs(screen);
+    const fs::path copy = dir / entry.path().filename();
+    ASSERT_TRUE(WriteCase(copy, screen, ui));
+    EXPECT_TRUE(ReadBytes(copy) == ReadBytes(entry.path())) << entry.path();
+    texts.push_back(screen.txtInputA[0] + screen.txtCpphA[0]);
+  }
+  std::setlocale(LC_ALL, "C");
+  ::unsetenv("LOCPATH");
+  // The metric boxes hold the same texts as under C.
+  size_t k = 0;
+  for (const auto& entry : fs::directory_iterator(kExamples)) {
+    if (entry.path().extension() != ".JET") continue;
+    RecordingUi ui;
+    InputScreen screen;
+    ASSERT_TRUE(ReadCase(dir / entry.path().filename(), screen, ui));
+    RecomputePairs(screen);
+    EXPECT_EQ(screen.txtInputA[0] + screen.txtCpphA[0], texts.at(k++)) << entry.path();
+  }
+  EXPECT_EQ(k, texts.size());
 }
 
 TEST_F(CaseFile, ListIndicesAndOptionsAreKeptByPosition) {
