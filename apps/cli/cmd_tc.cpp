@@ -37,8 +37,11 @@ int Tc(const GlobalOptions& options, const TcArgs& args) {
       Fail(kExitDesignError, "The thermo compressor could not be designed: " + RunTimeErrorText(e), ui);
     }
   }
-  // A velocity iteration that did not settle shows the last pass: a design error.
-  const int done = err != 0 ? kExitRefused : outcome.settled ? kExitDone : kExitDesignError;
+  // A velocity iteration that did not settle, or a balance that did not converge, shows the last pass: a design error.
+  std::vector<std::string> errors;
+  if (err == 0 && !outcome.settled) errors.push_back("The discharge velocity did not settle.");
+  if (err == 0 && !outcome.balanced) errors.push_back("The jet balance of the compressor did not converge: its results are those of the last trial.");
+  const int done = err != 0 ? kExitRefused : errors.empty() ? kExitDone : kExitDesignError;
   if (args.json) {
     nlohmann::json doc{{"case", args.file}, {"input_error", err}, {"notices", ui.notices}};
     if (err == 0) {
@@ -47,6 +50,7 @@ int Tc(const GlobalOptions& options, const TcArgs& args) {
       doc["TYPE"] = outcome.TYPE;
       doc["compressionRatio"] = JsonSingle(outcome.compressionRatio);
       doc["settled"] = outcome.settled;
+      doc["errors"] = errors;
       doc["results_text"] = text;
     }
     PrintJson(doc);
@@ -54,6 +58,7 @@ int Tc(const GlobalOptions& options, const TcArgs& args) {
   }
   if (err != 0) return kExitRefused;
   std::printf("%s", text.c_str());
+  for (const std::string& error : errors) std::fprintf(stderr, "Design error: %s\n", error.c_str());
   if (args.grid) {
     for (const auto& [label, value] : TcDebuggerGrid(dc)) std::printf("%s%s\n", label.c_str(), value.c_str());
   }

@@ -98,6 +98,7 @@ TcOutcome DesignThermoCompressor(DesignContext& ctx, const TcInput& tcin) {
   JetBalance(steam, jet);
   m = jet.steamRatio;
   outcome.compressionRatio = jet.compressionRatio;
+  outcome.balanced = jet.failed == 0;
 
   const float motive = tcin.LOADTC * m;
   const float total = motive + tcin.LOADTC;

@@ -19,6 +19,7 @@ struct TcOutcome {
   int16_t TYPE = 1;      // body: 1, 9 below a compression ratio of 1.8, 8 below 1.2
   int passes = 0;        // discharge velocity passes
   bool settled = true;   // false when the iteration was stopped
+  bool balanced = true;  // false when the final jet balance did not converge
   float compressionRatio = 0;
 };
 
