@@ -134,6 +134,20 @@ TEST_F(Failures, CaseNumbersBeyondTheirRangeAreRefusedByTheCheck) {
   EXPECT_EQ(check["LOADS"][1]["ID"], 4);
 }
 
+TEST_F(Failures, ThermoCompressorNumbersBeyondTheirRangeAreRefusedByTheCheck) {
+  std::string bytes = ReadBytes(kExamples / "TC-LOW-RATIO.TTC");
+  // The load is the fifteenth line: version, three headings, then pairs of boxes.
+  size_t at = 0;
+  for (int line = 0; line < 14; ++line) at = bytes.find("\r\n", at) + 2;
+  bytes.replace(at, bytes.find("\r\n", at) - at, "1E+39");
+  WriteBytes(dir / "HUGE-LOAD.TTC", bytes);
+  const auto r = Kestrane(Pgm() + "tc " + Quoted(dir / "HUGE-LOAD.TTC") + " --json");
+  EXPECT_EQ(r.exit_code, 1);
+  const auto doc = nlohmann::json::parse(r.out);
+  EXPECT_EQ(doc["notices"][0], "Run-time error 6: Overflow in the load (1E+39).\r\n");
+  EXPECT_EQ(r.out.find("INF"), std::string::npos);
+}
+
 TEST_F(Failures, APressureLossWithAnImpossiblePipeGivesItsMessageNotInfinity) {
   std::string bytes = ReadBytes(kExamples / "LINE-LOSS-HEI.TDP");
   // After the version and the two flags, the sixth field is the pipe's inside diameter.

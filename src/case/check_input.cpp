@@ -27,10 +27,8 @@ void RefuseOverflowingBoxes(const InputScreen& screen, std::string& notices) {
                                            "motive pressure",   "motive temperature",  "cooling water inlet temperature",
                                            "cooling water outlet temperature", "fouling factor"};
   const auto check = [&](const std::string& text, const std::string& what, bool integer) {
-    const double v = Val(text);
-    const bool overflows = integer ? !(std::nearbyint(v) >= -32768.0 && std::nearbyint(v) <= 32767.0)
-                                   : !std::isfinite(static_cast<float>(v));
-    if (overflows) Add(notices, "Run-time error 6: Overflow in the " + what + " (" + Trim(text) + ").");
+    const std::string notice = OverflowNotice(what, text, integer);
+    if (!notice.empty()) Add(notices, notice);
   };
   for (size_t i = 0; i < screen.txtInput.size(); ++i) check(screen.txtInput[i], kMainBoxes[i], false);
   const auto costs = CostCaptions(screen.Metric());

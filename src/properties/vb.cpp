@@ -186,6 +186,14 @@ float CSng(double x) {
   return static_cast<float>(x);
 }
 
+std::string OverflowNotice(std::string_view what, std::string_view text, bool integer) {
+  const double v = Val(text);
+  const double rounded = std::nearbyint(v);
+  const bool overflows = integer ? !(rounded >= -32768.0 && rounded <= 32767.0) : !std::isfinite(static_cast<float>(v));
+  if (!overflows) return {};
+  return "Run-time error 6: Overflow in the " + std::string(what) + " (" + Trim(text) + ").";
+}
+
 std::string GeneralText(float x) { return GeneralForm(static_cast<double>(x), 7); }
 std::string GeneralText(double x) { return GeneralForm(x, 15); }
 

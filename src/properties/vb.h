@@ -39,6 +39,11 @@ int16_t CInt(double x);
 // (a NaN is error 6 too, never a silent result).
 float CSng(double x);
 
+// The notice for a box whose number a Single (or, with `integer`, a 16-bit
+// integer) cannot hold: "Run-time error 6: Overflow in the <what> (<text>).";
+// empty when it can.
+std::string OverflowNotice(std::string_view what, std::string_view text, bool integer = false);
+
 // Largest integer not above x, in the type of x.
 template <std::floating_point T>
 T Int(T x) {

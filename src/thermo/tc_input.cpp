@@ -119,6 +119,18 @@ int16_t CheckTCInput(const TCInputScreen& screen, DesignCase& dc, TcInput& tcin,
     err = 1;
   };
 
+  // A number beyond a Single's range refuses the input before any is read.
+  static const char* const kBoxes[] = {"suction pressure",  "suction temperature", "discharge pressure",
+                                       "motive pressure",   "motive temperature",  "load"};
+  for (size_t row = 0; row < 6; ++row) {
+    const std::string notice = OverflowNotice(kBoxes[row], screen.txtInput[row]);
+    if (!notice.empty()) error(notice);
+  }
+  if (err != 0) {
+    ui.notice(messages);
+    return err;
+  }
+
   TcInput in;
   in.PSUCT = Number(screen.txtInput[0]);
   // The message says 10 while the limit is 25, as it always has.
