@@ -369,6 +369,13 @@ TEST_F(InputCheck, LeavingABoxChecksItAndUpdatesItsPair) {
   screen.txtCpph[0] = "100";
   EXPECT_TRUE(ChkTxtInput(screen, {BoxGroup::kCpph, 0}, steam, ui));
   EXPECT_EQ(screen.txtCpphA[0], "     45.3597");
+
+  // A number beyond a Single's range is refused before its pair is written.
+  const std::string pair = screen.txtNCpphA[0];
+  screen.txtNCpph[0] = "3.5e38";
+  EXPECT_FALSE(ChkTxtInput(screen, {BoxGroup::kNCpph, 0}, steam, ui));
+  EXPECT_EQ(ui.notices.back(), "Run-time error 6: Overflow in the box (3.5e38).");
+  EXPECT_EQ(screen.txtNCpphA[0], pair);
 }
 
 TEST_F(InputCheck, MotiveTemperatureMustBeZeroOrSuperheated) {

@@ -204,6 +204,10 @@ bool ChkTxtInput(InputScreen& screen, BoxRef box, const Steam& steam, Ui& ui) {
     ui.notice("Please enter a number (without commas) in this box.");
     return false;
   }
+  if (const std::string overflow = OverflowNotice("box", text); !overflow.empty()) {
+    ui.notice(overflow);
+    return false;
+  }
   const bool main = box.group == BoxGroup::kInput || box.group == BoxGroup::kInputA;
   if (main) {
     const float value = StandardValue(box, text);
