@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "pages.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
@@ -16,7 +17,7 @@ QString Filter() { return "TDP Files (*.TDP)"; }
 
 }  // namespace
 
-dpVac::dpVac(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
+dpVac::dpVac(MainWindow& w) : Page(&w), w_(w), watcher_(this, w.ui) {
   auto* layout = new QVBoxLayout(this);
   auto* bar = new QMenuBar;
   layout->setMenuBar(bar);
@@ -33,15 +34,15 @@ dpVac::dpVac(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
                   [this] { return model.file; }, [this](const std::string& path) { WriteDpFile(path, model, w_.ui); },
                   [this] { w_.SwapForms(Form::dpVac, Form::MainForm); }});
   QMenu* units = bar->addMenu("&Units");
-  units->addAction("&Standard Units", this, [this] {
+  units->addAction("&Standard Units", this, Trapped(w_.ui, [this] {
     model.standard = true;
     Refresh();
-  });
-  units->addAction("&Metric Units", this, [this] {
+  }));
+  units->addAction("&Metric Units", this, Trapped(w_.ui, [this] {
     model.standard = false;
     Refresh();
-  });
-  bar->addAction("&Calculate", this, [this] { Calculate(); });
+  }));
+  bar->addAction("&Calculate", this, Trapped(w_.ui, [this] { Calculate(); }));
 
   auto* top = new QHBoxLayout;
   auto* method = new QGroupBox("Method");
@@ -60,10 +61,26 @@ dpVac::dpVac(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   top->addWidget(unit_box);
   top->addStretch();
   layout->addLayout(top);
-  connect(hei, &QRadioButton::clicked, this, [this] { model.hei = true; model.dirty = 1; Refresh(); });
-  connect(tessel, &QRadioButton::clicked, this, [this] { model.hei = false; model.dirty = 1; Refresh(); });
-  connect(standard, &QRadioButton::clicked, this, [this] { model.standard = true; model.dirty = 1; Refresh(); });
-  connect(metric, &QRadioButton::clicked, this, [this] { model.standard = false; model.dirty = 1; Refresh(); });
+  connect(hei, &QRadioButton::clicked, this, Trapped(w_.ui, [this] {
+    model.hei = true;
+    model.dirty = 1;
+    Refresh();
+  }));
+  connect(tessel, &QRadioButton::clicked, this, Trapped(w_.ui, [this] {
+    model.hei = false;
+    model.dirty = 1;
+    Refresh();
+  }));
+  connect(standard, &QRadioButton::clicked, this, Trapped(w_.ui, [this] {
+    model.standard = true;
+    model.dirty = 1;
+    Refresh();
+  }));
+  connect(metric, &QRadioButton::clicked, this, Trapped(w_.ui, [this] {
+    model.standard = false;
+    model.dirty = 1;
+    Refresh();
+  }));
 
   auto* body = new QHBoxLayout;
   auto* fields = new QGridLayout;

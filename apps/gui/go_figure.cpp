@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "pages.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
@@ -30,7 +31,7 @@ QString Coloured(const std::string& results) {
 
 }  // namespace
 
-GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w), watcher_(this) {
+GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w), watcher_(this, w.ui) {
   setWindowTitle(Q(NupreirCaption(model)));
   resize(640, 520);
   auto* layout = new QVBoxLayout(this);
@@ -79,7 +80,7 @@ GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w), watcher
   options->addStretch();
   auto* grab = new QPushButton("&Grab");
   options->addWidget(grab);
-  connect(grab, &QPushButton::clicked, this, [this] { Grab(); });
+  connect(grab, &QPushButton::clicked, this, Trapped(w_.ui, [this] { Grab(); }));
   auto* calculate = new QPushButton("&Calculate");
   calculate->setDefault(true);
   options->addWidget(calculate);
@@ -87,8 +88,8 @@ GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w), watcher
   results = new QTextEdit;
   results->setReadOnly(true);
   layout->addWidget(results, 1);
-  connect(calculate, &QPushButton::clicked, this, [this] { Calculate(); });
-  connect(cmboExprText->lineEdit(), &QLineEdit::returnPressed, this, [this] { Calculate(); });
+  connect(calculate, &QPushButton::clicked, this, Trapped(w_.ui, [this] { Calculate(); }));
+  connect(cmboExprText->lineEdit(), &QLineEdit::returnPressed, this, Trapped(w_.ui, [this] { Calculate(); }));
 }
 
 void GoFigure::Take() {
@@ -134,7 +135,7 @@ bool GoFigure::CheckToStore() {
 }
 
 void GoFigure::closeEvent(QCloseEvent* event) {
-  CheckToStore();  // a tool window closes whatever the answer
+  Trap(w_.ui, [this] { CheckToStore(); });  // a tool window closes whatever the answer
   event->accept();
 }
 

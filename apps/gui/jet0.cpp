@@ -8,6 +8,7 @@
 #include "case/jet_file.h"
 #include "engine/results.h"
 #include "pages.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
@@ -52,23 +53,23 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
     if (!path.isEmpty()) SaveCaseAs(S(path), w_.screen, w_.ui);
     w_.RefreshTitle();
   };
-  file->addAction("&Open...", this, [this] {
+  file->addAction("&Open...", this, Trapped(w_.ui, [this] {
     auto* input = static_cast<frmJetInput*>(w_.PageOf(Form::frmJetInput));
     if (!input->CheckToStore()) return;
     const QString path = w_.OpenPath(this, "JET Files (*.JET)");
     if (path.isEmpty()) return;
     input->OpenFile(path);
     w_.SwapForms(Form::frmJET0, Form::frmJetInput);
-  });
-  file->addAction("&Save", this, [this, save_as] {
+  }));
+  file->addAction("&Save", this, Trapped(w_.ui, [this, save_as] {
     if (w_.screen.USERCASE.empty()) {
       save_as();
     } else {
       WriteCase(w_.screen.USERCASE, w_.screen, w_.ui);
     }
-  });
-  file->addAction("Save &As...", this, save_as);
-  bar->addAction("&Revise Data", this, [this] { w_.SwapForms(Form::frmJET0, Form::frmJetInput); });
+  }));
+  file->addAction("Save &As...", this, Trapped(w_.ui, save_as));
+  bar->addAction("&Revise Data", this, Trapped(w_.ui, [this] { w_.SwapForms(Form::frmJET0, Form::frmJetInput); }));
   lblMessage = new QLabel;
   lblMessage->setStyleSheet("color: red; font-weight: bold;");
   layout->addWidget(lblMessage);

@@ -13,6 +13,7 @@
 #include "pages.h"
 #include "properties/vapors.h"
 #include "properties/vb.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
@@ -33,7 +34,7 @@ QString FilterJet() { return "JET Files (*.JET)"; }
 
 }  // namespace
 
-frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
+frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this, w.ui) {
   auto* outer = new QVBoxLayout(this);
   auto* bar = new QMenuBar;
   outer->setMenuBar(bar);
@@ -46,7 +47,7 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
                   [this](const QString& path) { OpenFile(path); }, [this] { return w_.screen.USERCASE; },
                   [this](const std::string& path) { SaveCaseAs(path, w_.screen, w_.ui); },
                   [this] { w_.SwapForms(Form::frmJetInput, Form::MainForm); }});
-  bar->addAction("&Design System", this, [this] { DesignSystem(); });
+  bar->addAction("&Design System", this, Trapped(w_.ui, [this] { DesignSystem(); }));
 
   SSTabInput = new QTabWidget;
   outer->addWidget(SSTabInput, 1);
@@ -54,6 +55,11 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   txtboxMainInputDescription->setReadOnly(true);
   txtboxMainInputDescription->setMaximumHeight(70);
   outer->addWidget(txtboxMainInputDescription);
+  lblStatus = new QLabel;
+  outer->addWidget(lblStatus);
+  connect(&w_.ui, &QtUi::statusChanged, this, Trapped(w_.ui, [this](const QString& text) {
+    if (running_) lblStatus->setText(text);
+  }));
 
   auto make_box = [this](BoxRef box) {
     auto* edit = new QLineEdit;
@@ -110,7 +116,7 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
       auto* b = new QRadioButton(captions[i]);  // "&&" shows one "&"
       buttons.push_back(b);
       l->addWidget(b);
-      connect(b, &QRadioButton::clicked, this, [chosen, i] { chosen(static_cast<int>(i)); });
+      connect(b, &QRadioButton::clicked, this, Trapped(w_.ui, [chosen, i] { chosen(static_cast<int>(i)); }));
     }
     options->addWidget(box);
   };
@@ -129,14 +135,14 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   lrvp_ = new QCheckBox("Use LRVP for last stage");
   options->addWidget(precondenser_);
   options->addWidget(lrvp_);
-  connect(precondenser_, &QCheckBox::clicked, this, [this](bool on) {
+  connect(precondenser_, &QCheckBox::clicked, this, Trapped(w_.ui, [this](bool on) {
     w_.screen.chkboxPreCondenser = on ? 1 : 0;
     w_.screen.CASEDIRTY = 1;
-  });
-  connect(lrvp_, &QCheckBox::clicked, this, [this](bool on) {
+  }));
+  connect(lrvp_, &QCheckBox::clicked, this, Trapped(w_.ui, [this](bool on) {
     w_.screen.chkboxLRVP = on ? 1 : 0;
     w_.screen.CASEDIRTY = 1;
-  });
+  }));
   group("Power", {"60 Cycles", "50 Cycles"}, cycles_, [this](int i) { SelectOption(w_.screen, w_.screen.OptionCycles, i); });
   group("Optimize", {"Minimize Utility Costs", "Minimize Capital Costs"}, optimize_,
         [this](int i) { SelectOption(w_.screen, w_.screen.OptionOptimize, i); });
@@ -180,13 +186,13 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   grid_side->addWidget(vaporGrid);
   grid_side->addWidget(new QLabel("Click a vapor to put its ID in the load row last used."));
   cond_layout->addLayout(grid_side, 1);
-  connect(vaporSearch, &QLineEdit::textChanged, this, [this] { FillVaporGrid(); });
-  connect(vaporGrid, &QTableWidget::cellClicked, this, [this](int row, int) {
+  connect(vaporSearch, &QLineEdit::textChanged, this, Trapped(w_.ui, [this] { FillVaporGrid(); }));
+  connect(vaporGrid, &QTableWidget::cellClicked, this, Trapped(w_.ui, [this](int row, int) {
     const int load = focused_load_row_ < 1 ? 1 : focused_load_row_;
     w_.screen.txtCID[static_cast<size_t>(load)] = S(vaporGrid->item(row, 0)->text());
     w_.screen.CASEDIRTY = 1;
     Refresh();
-  });
+  }));
   SSTabInput->addTab(cond, "Condensible Loads");
 
   auto* nc = new QWidget;
@@ -208,10 +214,10 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
     combo->setMaximumWidth(340);
     for (auto entry : ListBoxDefinition(box).entries) combo->addItem(Q(entry));
     lists_[static_cast<size_t>(box)] = combo;
-    connect(combo, &QComboBox::activated, this, [this, box](int index) {
+    connect(combo, &QComboBox::activated, this, Trapped(w_.ui, [this, box](int index) {
       w_.screen.lists[static_cast<size_t>(box)] = static_cast<int16_t>(index);
       w_.screen.CASEDIRTY = 1;
-    });
+    }));
     form->addRow(caption, combo);
   };
   auto* cnd = new QWidget;
@@ -342,23 +348,39 @@ void frmJetInput::DesignSystem() {
   running_ = true;
   setEnabled(false);
   auto* worker = QThread::create([this] {
-    DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
-    const DesignOutcome outcome = RunDesign(ctx, w_.screen);
-    QMetaObject::invokeMethod(this, [this, outcome] {
-      running_ = false;
-      setEnabled(true);
-      auto* page = static_cast<frmJET0*>(w_.PageOf(Form::frmJET0));
-      if (outcome.input_error != 0) {
-        emit designFinished(false);
-        return;
-      }
-      page->ShowResults(outcome.results, outcome.lblMessage);
-      w_.SwapForms(Form::frmJetInput, Form::frmJET0);
-      emit designFinished(true);
-    });
+    // Nothing may leave the thread: a run-time error of the run ends the run and is told on the window's thread.
+    DesignOutcome outcome;
+    std::string failure;
+    try {
+      DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+      outcome = design(ctx, w_.screen);
+    } catch (...) {
+      failure = CaughtErrorText();
+    }
+    QMetaObject::invokeMethod(this, Trapped(w_.ui, [this, outcome, failure] { FinishDesign(outcome, failure); }));
   });
   connect(worker, &QThread::finished, worker, &QObject::deleteLater);
   worker->start();
+}
+
+void frmJetInput::FinishDesign(const DesignOutcome& outcome, const std::string& failure) {
+  running_ = false;
+  setEnabled(true);
+  lblStatus->clear();
+  if (!failure.empty()) {
+    w_.ui.notice(failure);
+    emit designFinished(false);
+    return;
+  }
+  if (outcome.input_error != 0) {
+    emit designFinished(false);
+    return;
+  }
+  const bool shown = Trap(w_.ui, [this, &outcome] {
+    static_cast<frmJET0*>(w_.PageOf(Form::frmJET0))->ShowResults(outcome.results, outcome.lblMessage);
+    w_.SwapForms(Form::frmJetInput, Form::frmJET0);
+  });
+  emit designFinished(shown);
 }
 
 }  // namespace kestrane::gui

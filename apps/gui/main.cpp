@@ -3,17 +3,25 @@
 
 #include "main_window.h"
 #include "shell/paths.h"
+#include "trap.h"
 
 int main(int argc, char** argv) {
-  QApplication app(argc, argv);
+  kestrane::gui::Application app(argc, argv);
   QApplication::setApplicationDisplayName("Kestrane");
-  kestrane::Session session(kestrane::PathsForProgram(kestrane::ExecutableDirectory()));
-  kestrane::gui::MainWindow* window = nullptr;
   kestrane::gui::QtUi ui(nullptr);
-  window = new kestrane::gui::MainWindow(session, ui);
-  window->show();
-  window->Start();
-  const int code = QApplication::exec();
-  delete window;
+  app.report = [&ui](const std::string& text) { ui.notice(text); };
+  int code = 1;
+  try {
+    kestrane::Session session(kestrane::PathsForProgram(kestrane::ExecutableDirectory()));
+    kestrane::SeedCaseFolder(session.data.paths);
+    kestrane::gui::MainWindow window(session, ui);
+    window.show();
+    kestrane::gui::Trap(ui, [&window] { window.Start(); });
+    code = QApplication::exec();
+  } catch (...) {
+    // The program could not be set up: said, and it ends.
+    ui.notice(kestrane::gui::CaughtErrorText());
+  }
+  app.report = {};
   return code;
 }

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "pages.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
@@ -47,7 +48,7 @@ MainForm::MainForm(MainWindow& w) : Page(&w) {
   for (const Entry& e : entries) {
     auto* button = new QPushButton(e.caption);
     button->setMinimumHeight(36);
-    connect(button, &QPushButton::clicked, this, e.action);
+    connect(button, &QPushButton::clicked, this, Trapped(w.ui, e.action));
     grid->addWidget(button, row / 2, row % 2);
     cmdMain.push_back(button);
     ++row;
@@ -57,12 +58,12 @@ MainForm::MainForm(MainWindow& w) : Page(&w) {
   auto* user = new QPushButton("User Information");
   auto* about = new QPushButton("&About");
   auto* help = new QPushButton("&Help");
-  connect(user, &QPushButton::clicked, this, [&w] { w.SwapForms(Form::MainForm, Form::frmUserData); });
-  connect(about, &QPushButton::clicked, this, [&w] {
+  connect(user, &QPushButton::clicked, this, Trapped(w.ui, [&w] { w.SwapForms(Form::MainForm, Form::frmUserData); }));
+  connect(about, &QPushButton::clicked, this, Trapped(w.ui, [&w] {
     w.SwapForms(Form::MainForm, Form::frmAbout);
     static_cast<frmAbout*>(w.PageOf(Form::frmAbout))->cmdDone->setFocus();
-  });
-  connect(help, &QPushButton::clicked, this, [&w] { w.ShowHelp(); });
+  }));
+  connect(help, &QPushButton::clicked, this, Trapped(w.ui, [&w] { w.ShowHelp(); }));
   small->addStretch();
   for (auto* b : {user, about, help}) small->addWidget(b);
   layout->addLayout(small);
@@ -70,9 +71,9 @@ MainForm::MainForm(MainWindow& w) : Page(&w) {
   Label3 = new QLabel;
   Label3->setAlignment(Qt::AlignCenter);
   layout->addWidget(Label3);
-  connect(&w.ui, &QtUi::statusChanged, this, [this, &w](const QString& text) {
+  connect(&w.ui, &QtUi::statusChanged, this, Trapped(w.ui, [this, &w](const QString& text) {
     if (w.starting) Label3->setText(text);
-  });
+  }));
 }
 
 }  // namespace kestrane::gui

@@ -11,6 +11,7 @@
 
 #include "pages.h"
 #include "shell/startup.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
@@ -33,9 +34,9 @@ MainWindow::MainWindow(Session& s, QtUi& u) : session(s), ui(u), screen(NewCase(
   AddPage(Form::frmAbout, new frmAbout(*this));
   auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
   help->setContext(Qt::ApplicationShortcut);
-  connect(help, &QShortcut::activated, this, [this] { ShowHelp(); });
+  connect(help, &QShortcut::activated, this, Trapped(ui, [this] { ShowHelp(); }));
   // No user information on file: its window opens during the start and the load goes on.
-  connect(&ui, &QtUi::userInfoRequested, this, [this] { SwapForms(current_, Form::frmUserData); });
+  connect(&ui, &QtUi::userInfoRequested, this, Trapped(ui, [this] { SwapForms(current_, Form::frmUserData); }));
   go_figure_ = new GoFigure(*this);
   resize(1000, 700);  // fits a 1366 x 768 screen with its task bar
   RefreshTitle();
@@ -98,20 +99,20 @@ bool MainWindow::Resolve(StoreDecision decision, QWidget* parent, const QString&
 
 void MainWindow::AddFileMenu(QMenuBar* bar, QWidget* owner, const CaseFileActions& a) {
   QMenu* file = bar->addMenu("&File");
-  file->addAction("&New", owner, [a] {
+  file->addAction("&New", owner, Trapped(ui, [a] {
     if (a.check_to_store()) a.clear();
-  });
-  file->addAction("&Open...", owner, [this, owner, a] {
+  }));
+  file->addAction("&Open...", owner, Trapped(ui, [this, owner, a] {
     if (!a.check_to_store()) return;
     const QString path = OpenPath(owner, a.filter);
     if (!path.isEmpty()) a.open(path);
-  });
+  }));
   const auto save_as = [this, owner, a] {
     const QString path = SavePath(owner, a.filter);
     if (!path.isEmpty()) a.save_as(path.toStdString());
     RefreshTitle();
   };
-  file->addAction("&Save", owner, [this, a, save_as] {
+  file->addAction("&Save", owner, Trapped(ui, [this, a, save_as] {
     const std::string path = a.current_path();
     if (path.empty()) {
       save_as();
@@ -119,22 +120,26 @@ void MainWindow::AddFileMenu(QMenuBar* bar, QWidget* owner, const CaseFileAction
     }
     a.save_as(path);
     RefreshTitle();
-  });
-  file->addAction("Save &As...", owner, save_as);
+  }));
+  file->addAction("Save &As...", owner, Trapped(ui, save_as));
   if (a.main_menu) {
     file->addSeparator();
-    file->addAction("Main &Menu", owner, [a] {
+    file->addAction("Main &Menu", owner, Trapped(ui, [a] {
       if (a.check_to_store()) a.main_menu();
-    });
+    }));
   }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  // A design in progress finishes first: its thread works on the case.
-  const bool keep = static_cast<frmJetInput*>(pages_.at(Form::frmJetInput))->Running() ||
-                    !static_cast<frmJetInput*>(pages_.at(Form::frmJetInput))->CheckToStore() ||
-                    !static_cast<TCInput*>(pages_.at(Form::TCInput))->CheckToStore() ||
-                    !static_cast<dpVac*>(pages_.at(Form::dpVac))->CheckToStore();
+  // A design in progress finishes first: its thread works on the case. A save question that fails keeps
+  // the program open, with the input it would have saved.
+  bool keep = true;
+  Trap(ui, [this, &keep] {
+    keep = static_cast<frmJetInput*>(pages_.at(Form::frmJetInput))->Running() ||
+           !static_cast<frmJetInput*>(pages_.at(Form::frmJetInput))->CheckToStore() ||
+           !static_cast<TCInput*>(pages_.at(Form::TCInput))->CheckToStore() ||
+           !static_cast<dpVac*>(pages_.at(Form::dpVac))->CheckToStore();
+  });
   if (keep) {
     event->ignore();
     return;

@@ -20,6 +20,7 @@
 #include "calculators/nupreir.h"
 #include "calculators/tail_leg.h"
 #include "calculators/pressure_drop.h"
+#include "engine/design_run.h"
 #include "thermo/tc_file.h"
 #include "properties/user_vapors.h"
 #include "properties/vapor_table.h"
@@ -51,12 +52,17 @@ class frmJetInput : public Page {
   // Shows the screen model in the boxes.
   void Refresh();
   QLineEdit* BoxOf(BoxRef box) const { return boxes_.at({static_cast<int>(box.group), box.index}); }
-  void DesignSystem();  // the menu entry; the design runs off the window's thread
+  // The menu entry: the design runs off the window's thread, its status texts in lblStatus. A run-time error
+  // of the run is told in a message box and the input stays as it was, ready for the next run.
+  void DesignSystem();
+  // The run that DesignSystem starts (the input check, then the design); a test may stand in its own.
+  std::function<DesignOutcome(DesignContext&, InputScreen&)> design = RunDesign;
   bool OpenFile(const QString& path);
   QTabWidget* SSTabInput;
   QPlainTextEdit* txtboxMainInputDescription;
   QTableWidget* vaporGrid;
   QLineEdit* vaporSearch;
+  QLabel* lblStatus;
   // The save question before unsaved input is lost; false when the user's save did not happen.
   bool CheckToStore();
   bool Running() const { return running_; }
@@ -65,6 +71,8 @@ class frmJetInput : public Page {
   void designFinished(bool results);
 
  private:
+  // Back on the window's thread after a run: `failure` is the text of a run-time error that ended it.
+  void FinishDesign(const DesignOutcome& outcome, const std::string& failure);
   void Leave(BoxRef box);
   void UnitsChanged();
   void FillVaporGrid();

@@ -16,6 +16,7 @@
 #include "properties/numeric.h"
 #include "properties/steam.h"
 #include "properties/vb.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
@@ -23,7 +24,8 @@ namespace {
 
 QPushButton* ExitTo(MainWindow& w, Form form, QWidget* parent) {
   auto* exit = new QPushButton("E&xit", parent);
-  QObject::connect(exit, &QPushButton::clicked, parent, [&w, form] { w.SwapForms(form, Form::MainForm); });
+  QObject::connect(exit, &QPushButton::clicked, parent,
+                   Trapped(w.ui, [&w, form] { w.SwapForms(form, Form::MainForm); }));
   return exit;
 }
 
@@ -118,8 +120,8 @@ VaporPressureForm::VaporPressureForm(MainWindow& w) : Page(&w), w_(w) {
   chart->setMinimumHeight(260);
   right->addWidget(chart, 1);
   layout->addLayout(right, 3);
-  connect(search, &QLineEdit::textChanged, this, [this] { Fill(); });
-  connect(calculate, &QPushButton::clicked, this, [this] { Calculate(); });
+  connect(search, &QLineEdit::textChanged, this, Trapped(w_.ui, [this] { Fill(); }));
+  connect(calculate, &QPushButton::clicked, this, Trapped(w_.ui, [this] { Calculate(); }));
 }
 
 void VaporPressureForm::Activate() {
@@ -200,8 +202,8 @@ frmMollier::frmMollier(MainWindow& w) : Page(&w), w_(w) {
   buttons->addStretch();
   buttons->addWidget(ExitTo(w, Form::frmMollier, this));
   layout->addLayout(buttons);
-  connect(calculate, &QPushButton::clicked, this, [this] { Calculate(); });
-  connect(mode, &QComboBox::currentIndexChanged, this, [this](int m) { pressure->setEnabled(m != 3); });
+  connect(calculate, &QPushButton::clicked, this, Trapped(w_.ui, [this] { Calculate(); }));
+  connect(mode, &QComboBox::currentIndexChanged, this, Trapped(w_.ui, [this](int m) { pressure->setEnabled(m != 3); }));
 }
 
 void frmMollier::Calculate() {
@@ -268,34 +270,34 @@ frmUDV::frmUDV(MainWindow& w) : Page(&w), w_(w) {
   chart = new QChartView;
   chart->setMinimumHeight(220);
   layout->addWidget(chart, 1);
-  const auto path = [this] { return w_.session.data.paths.DataFile(kUserVaporFile); };
-  connect(fahrenheit, &QRadioButton::clicked, this, [this] { model.fahrenheit = true; Refresh(); });
-  connect(celsius, &QRadioButton::clicked, this, [this] { model.fahrenheit = false; Refresh(); });
-  connect(add, &QPushButton::clicked, this, [this] {
+  const auto path = [this] { return w_.session.data.paths.UserDataFile(kUserVaporFile); };
+  connect(fahrenheit, &QRadioButton::clicked, this, Trapped(w_.ui, [this] { model.fahrenheit = true; Refresh(); }));
+  connect(celsius, &QRadioButton::clicked, this, Trapped(w_.ui, [this] { model.fahrenheit = false; Refresh(); }));
+  connect(add, &QPushButton::clicked, this, Trapped(w_.ui, [this] {
     UdvAdd(model, w_.session.data.user_vapors, w_.ui);
     Refresh();
-  });
-  connect(edit, &QPushButton::clicked, this, [this] {
+  }));
+  connect(edit, &QPushButton::clicked, this, Trapped(w_.ui, [this] {
     UdvEdit(model, w_.session.data.user_vapors, SelectedId(), w_.ui);
     Refresh();
-  });
-  connect(remove, &QPushButton::clicked, this, [this, path] {
+  }));
+  connect(remove, &QPushButton::clicked, this, Trapped(w_.ui, [this, path] {
     const int id = SelectedId();
     if (id == 0) return;
     if (!w_.ui.ask("Delete vapor " + std::to_string(id) + "?", "User Defined Vapors")) return;
     UdvDelete(w_.session.data.user_vapors, id, path(), w_.ui);
     Refresh();
-  });
-  connect(update, &QPushButton::clicked, this, [this, path] {
+  }));
+  connect(update, &QPushButton::clicked, this, Trapped(w_.ui, [this, path] {
     Take();
     UdvUpdate(model, w_.session.data.user_vapors, path(), w_.ui);
     Refresh();
-  });
-  connect(abort, &QPushButton::clicked, this, [this, path] {
+  }));
+  connect(abort, &QPushButton::clicked, this, Trapped(w_.ui, [this, path] {
     UdvAbortChange(model, w_.session.data.user_vapors, path(), w_.ui);
     Refresh();
-  });
-  connect(graph, &QPushButton::clicked, this, [this] {
+  }));
+  connect(graph, &QPushButton::clicked, this, Trapped(w_.ui, [this] {
     const int id = SelectedId();
     if (id == 0) return;
     const Vapors vap{w_.session.data.vapors, w_.session.data.user_vapors, w_.ui};
@@ -303,7 +305,7 @@ frmUDV::frmUDV(MainWindow& w) : Page(&w), w_(w) {
     std::vector<QPointF> points;
     for (const auto& p : curve.points) points.emplace_back(p.temperature, p.pressure);
     Plot(chart, Q(curve.title) + "\n" + Q(curve.subtitle), Q(curve.x_axis), points);
-  });
+  }));
 }
 
 int frmUDV::SelectedId() const {

@@ -7,10 +7,11 @@
 #include "properties/vb.h"
 #include "shell/constants.h"
 #include "shell/user_info.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
-frmUserData::frmUserData(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
+frmUserData::frmUserData(MainWindow& w) : Page(&w), w_(w), watcher_(this, w.ui) {
   auto* layout = new QVBoxLayout(this);
   auto* note = new QLabel("This information is printed on the specification sheets and the quotation request.");
   note->setWordWrap(true);
@@ -26,11 +27,11 @@ frmUserData::frmUserData(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   layout->addStretch();
   cmdDone = new QPushButton("&Done");
   layout->addWidget(cmdDone, 0, Qt::AlignRight);
-  connect(cmdDone, &QPushButton::clicked, this, [this] {
+  connect(cmdDone, &QPushButton::clicked, this, Trapped(w_.ui, [this] {
     for (int i = 1; i <= 8; ++i) w_.session.data.USERINFO(i) = S(Text1[static_cast<size_t>(i - 1)]->text());
-    WriteUserInfo(w_.session.data.paths.DataFile(kUserInfoFile), w_.session.data.USERINFO, w_.ui);
+    WriteUserInfo(w_.session.data.paths.UserDataFile(kUserInfoFile), w_.session.data.USERINFO, w_.ui);
     w_.SwapForms(Form::frmUserData, Form::MainForm);
-  });
+  }));
 }
 
 void frmUserData::Activate() {
@@ -51,7 +52,7 @@ frmAbout::frmAbout(MainWindow& w) : Page(&w) {
   layout->addStretch();
   cmdDone = new QPushButton("E&xit");
   layout->addWidget(cmdDone, 0, Qt::AlignRight);
-  connect(cmdDone, &QPushButton::clicked, this, [&w] { w.SwapForms(Form::frmAbout, Form::MainForm); });
+  connect(cmdDone, &QPushButton::clicked, this, Trapped(w.ui, [&w] { w.SwapForms(Form::frmAbout, Form::MainForm); }));
 }
 
 }  // namespace kestrane::gui

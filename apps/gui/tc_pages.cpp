@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "pages.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
@@ -17,7 +18,7 @@ QString Filter() { return "TTC Files (*.TTC)"; }
 
 }  // namespace
 
-TCInput::TCInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
+TCInput::TCInput(MainWindow& w) : Page(&w), w_(w), watcher_(this, w.ui) {
   auto* layout = new QVBoxLayout(this);
   auto* bar = new QMenuBar;
   layout->setMenuBar(bar);
@@ -30,7 +31,7 @@ TCInput::TCInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
                   [this](const QString& path) { OpenFile(path); }, [this] { return model.TCUSERCASE; },
                   [this](const std::string& path) { SaveTCFileAs(path, model, w_.ui); },
                   [this] { w_.SwapForms(Form::TCInput, Form::MainForm); }});
-  bar->addAction("&Design Thermo Compressor", this, [this] { Design(); });
+  bar->addAction("&Design Thermo Compressor", this, Trapped(w_.ui, [this] { Design(); }));
 
   auto* note = new QLabel(Q(kTcNote));
   note->setWordWrap(true);
@@ -75,10 +76,10 @@ TCInput::TCInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
   for (size_t i = 0; i < 2; ++i) {
     OptionUnits[i] = new QRadioButton(Q(kTcUnitOptions[i]));
     options->addWidget(OptionUnits[i]);
-    connect(OptionUnits[i], &QRadioButton::clicked, this, [this, i] {
+    connect(OptionUnits[i], &QRadioButton::clicked, this, Trapped(w_.ui, [this, i] {
       SelectTcUnits(model, static_cast<int>(i));
       UnitsChanged();
-    });
+    }));
   }
   options->addStretch();
   layout->addLayout(options);
@@ -89,9 +90,9 @@ TCInput::TCInput(MainWindow& w) : Page(&w), w_(w), watcher_(this) {
     combo->setMaximumWidth(300);
     for (auto entry : TcListDefinition(static_cast<TcList>(l)).entries) combo->addItem(Q(entry));
     lists[static_cast<size_t>(l)] = combo;
-    connect(combo, &QComboBox::activated, this, [this, l](int index) {
+    connect(combo, &QComboBox::activated, this, Trapped(w_.ui, [this, l](int index) {
       SelectTcList(model, static_cast<TcList>(l), static_cast<int16_t>(index));
-    });
+    }));
     form->addRow(list_captions[l], combo);
   }
   layout->addLayout(form);
@@ -148,7 +149,7 @@ TCform::TCform(MainWindow& w) : Page(&w), w_(w) {
   auto* layout = new QVBoxLayout(this);
   auto* bar = new QMenuBar;
   layout->setMenuBar(bar);
-  bar->addAction("&Revise Data", this, [this] { w_.SwapForms(Form::TCform, Form::TCInput); });
+  bar->addAction("&Revise Data", this, Trapped(w_.ui, [this] { w_.SwapForms(Form::TCform, Form::TCInput); }));
   body = new QLabel;
   layout->addWidget(body);
   auto* row = new QHBoxLayout;

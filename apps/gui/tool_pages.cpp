@@ -7,6 +7,7 @@
 
 #include "pages.h"
 #include "properties/vb.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
@@ -14,7 +15,8 @@ namespace {
 
 QPushButton* ExitButton(MainWindow& w, Form form, QWidget* parent) {
   auto* exit = new QPushButton("E&xit", parent);
-  QObject::connect(exit, &QPushButton::clicked, parent, [&w, form] { w.SwapForms(form, Form::MainForm); });
+  QObject::connect(exit, &QPushButton::clicked, parent,
+                   Trapped(w.ui, [&w, form] { w.SwapForms(form, Form::MainForm); }));
   return exit;
 }
 
@@ -44,7 +46,7 @@ ConvertForm::ConvertForm(MainWindow& w) : Page(&w), w_(w) {
   form->addRow("Result", result);
   layout->addLayout(form);
   layout->addWidget(ExitButton(w, Form::ConvertForm, this), 0, Qt::AlignRight);
-  connect(category, &QComboBox::currentIndexChanged, this, [this](int index) {
+  connect(category, &QComboBox::currentIndexChanged, this, Trapped(w_.ui, [this](int index) {
     if (index < 0 || index >= static_cast<int>(table_.categories.size())) return;
     for (auto* list : unitList) {
       list->clear();
@@ -52,9 +54,9 @@ ConvertForm::ConvertForm(MainWindow& w) : Page(&w), w_(w) {
       list->setCurrentRow(0);
     }
     CVRT();
-  });
-  for (auto* list : unitList) connect(list, &QListWidget::currentRowChanged, this, [this] { CVRT(); });
-  connect(value, &QLineEdit::textChanged, this, [this] { CVRT(); });
+  }));
+  for (auto* list : unitList) connect(list, &QListWidget::currentRowChanged, this, Trapped(w_.ui, [this] { CVRT(); }));
+  connect(value, &QLineEdit::textChanged, this, Trapped(w_.ui, [this] { CVRT(); }));
 }
 
 void ConvertForm::Activate() {
@@ -75,7 +77,7 @@ void ConvertForm::CVRT() {
 
 // --- Tail leg ------------------------------------------------------------------
 
-TailLeg::TailLeg(MainWindow& w) : Page(&w), watcher_(this) {
+TailLeg::TailLeg(MainWindow& w) : Page(&w), watcher_(this, w.ui) {
   auto* layout = new QVBoxLayout(this);
   auto* note = new QLabel(Q(kTailLegNote));
   note->setWordWrap(true);
@@ -107,17 +109,17 @@ TailLeg::TailLeg(MainWindow& w) : Page(&w), watcher_(this) {
   buttons->addStretch();
   buttons->addWidget(ExitButton(w, Form::TailLeg, this));
   layout->addLayout(buttons);
-  connect(cmdCalculate, &QPushButton::clicked, this, [this] {
+  connect(cmdCalculate, &QPushButton::clicked, this, Trapped(w.ui, [this] {
     for (size_t i = 0; i < 3; ++i) model_.txtTailLeg[i] = S(txtTailLeg[i]->text());
     if (CalculateTailLeg(model_)) {
       for (size_t i = 0; i < 2; ++i) lblAns[i]->setText(Q(model_.lblAns[i]));
     }
-  });
+  }));
 }
 
 // --- Gas volume and mass ------------------------------------------------------
 
-GasMassVol::GasMassVol(MainWindow& w) : Page(&w), watcher_(this) {
+GasMassVol::GasMassVol(MainWindow& w) : Page(&w), watcher_(this, w.ui) {
   auto* layout = new QVBoxLayout(this);
   auto* note = new QLabel(Q(kGasFlowNote));
   note->setWordWrap(true);
@@ -138,10 +140,10 @@ GasMassVol::GasMassVol(MainWindow& w) : Page(&w), watcher_(this) {
       grid->addWidget(radio, row, 0);
       grid->addWidget(edits[i], row++, 1);
       radio->setChecked(static_cast<int>(i) == option);
-      connect(radio, &QRadioButton::clicked, this, [this, g, i] {
+      connect(radio, &QRadioButton::clicked, this, Trapped(w.ui, [this, g, i] {
         SelectGasOption(model, g, static_cast<int>(i));
         Show();
-      });
+      }));
       auto* edit = edits[i];
       watcher_.Watch(edit, {}, [this, g, edit, &texts, i] {
         texts[i] = S(edit->text());
@@ -156,14 +158,14 @@ GasMassVol::GasMassVol(MainWindow& w) : Page(&w), watcher_(this) {
   auto* mass = new QRadioButton("Enter Mass Flow");
   auto* volume = new QRadioButton("Enter Volumetric Flow");
   mass->setChecked(true);
-  connect(mass, &QRadioButton::clicked, this, [this] {
+  connect(mass, &QRadioButton::clicked, this, Trapped(w.ui, [this] {
     SelectMassOrVolume(model, 0);
     Show();
-  });
-  connect(volume, &QRadioButton::clicked, this, [this] {
+  }));
+  connect(volume, &QRadioButton::clicked, this, Trapped(w.ui, [this] {
     SelectMassOrVolume(model, 1);
     Show();
-  });
+  }));
   grid->addWidget(mass, row, 0);
   grid->addWidget(volume, row++, 1);
   group("Mass flow", GasGroup::kMassFlow, txtMassFlow, kMassFlowUnits, model.txtMassFlow, model.OptionMassFlow);
@@ -180,7 +182,7 @@ GasMassVol::GasMassVol(MainWindow& w) : Page(&w), watcher_(this) {
   buttons->addStretch();
   buttons->addWidget(ExitButton(w, Form::GasMassVol, this));
   layout->addLayout(buttons);
-  connect(calculate, &QPushButton::clicked, this, [this] { Calculate(); });
+  connect(calculate, &QPushButton::clicked, this, Trapped(w.ui, [this] { Calculate(); }));
   Show();
 }
 

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "shell/forms.h"
+#include "trap.h"
 
 namespace kestrane::gui {
 
@@ -40,11 +41,11 @@ bool BoxWatcher::eventFilter(QObject* object, QEvent* event) {
   switch (event->type()) {
     case QEvent::FocusIn:
       Look(box, true);
-      if (on_focus) on_focus();
+      if (on_focus) Trap(ui_, on_focus);
       break;
     case QEvent::FocusOut:
       Look(box, false);
-      if (on_leave) on_leave();
+      if (on_leave) Trap(ui_, on_leave);
       break;
     case QEvent::KeyPress: {
       const int key = static_cast<QKeyEvent*>(event)->key();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -18,10 +19,13 @@ inline constexpr std::string_view kTailLegAdvice =
 struct TailLegScreen {
   std::array<std::string, 3> txtTailLeg{"760", "", ""};
   std::array<std::string, 2> lblAns;
+  int16_t error = 0;  // the run-time error the last Calculate absorbed, 0 when it calculated
 };
 
-// Calculate: the height in feet and meters, each to the nearest 0.1. A specific
-// gravity of 0 leaves the answers as they were; false then.
+// Calculate: the height in feet and meters, each to the nearest 0.1. A run-time
+// error on the way (a specific gravity of 0 divides by zero, 1E-40 overflows the
+// height) is absorbed by the window: the answers stay as they were, `error` holds
+// its number; false then.
 bool CalculateTailLeg(TailLegScreen& screen);
 
 }  // namespace kestrane

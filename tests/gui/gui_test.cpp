@@ -1,67 +1,11 @@
 // The desktop windows, driven without a screen: start-up, a design from the input window, metric pairs, a refused input, Nupreir.
-#include <gtest/gtest.h>
+#include "desktop.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QFocusEvent>
-#include <QGroupBox>
-#include <cstdio>
-#include <filesystem>
+#include <fstream>
 
-#include "main_window.h"
-#include "pages.h"
 #include "properties/numeric.h"
 #include "shell/constants.h"
 #include "shell/startup.h"
-#include "shell/paths.h"
-
-using namespace kestrane;
-using namespace kestrane::gui;
-namespace fs = std::filesystem;
-
-namespace {
-
-const fs::path kProgram = fs::path(KESTRANE_CLI).parent_path();
-
-class Desktop : public ::testing::Test {
- protected:
-  Desktop() : session(PathsForProgram(kProgram)), ui(nullptr) {
-    ui.set_unattended(true);
-    window = std::make_unique<MainWindow>(session, ui);
-    window->show();
-  }
-  // Runs the event loop until `done` or five seconds have passed.
-  bool WaitFor(const std::function<bool()>& done) {
-    QElapsedTimer timer;
-    timer.start();
-    while (!done() && timer.elapsed() < 5000) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    return done();
-  }
-  frmJetInput* Input() { return static_cast<frmJetInput*>(window->PageOf(Form::frmJetInput)); }
-  frmJET0* Results() { return static_cast<frmJET0*>(window->PageOf(Form::frmJET0)); }
-  void Leave(QLineEdit* box) {
-    QFocusEvent out(QEvent::FocusOut);
-    QApplication::sendEvent(box, &out);
-  }
-  // The value shown in a results frame, by frame title and row caption, first column.
-  QString FrameValue(const QString& title, const QString& caption) {
-    for (auto* box : Results()->frames->findChildren<QGroupBox*>()) {
-      if (box->title() != title) continue;
-      auto* table = box->findChild<QTableWidget*>();
-      for (int r = 0; r < table->rowCount(); ++r) {
-        if (table->verticalHeaderItem(r)->text() == caption) return table->item(r, 0)->text();
-      }
-    }
-    return {};
-  }
-
-  Session session;
-  QtUi ui;
-  std::unique_ptr<MainWindow> window;
-};
-
-}  // namespace
 
 TEST_F(Desktop, StartUpShowsTheProgressTextsInOrder) {
   ASSERT_TRUE(window->Start());
@@ -180,18 +124,18 @@ TEST_F(Desktop, ThePressureLossWindowCalculatesACase) {
   EXPECT_NE(dp->results->toPlainText().indexOf("Total calculated pressure drop:"), -1);
 }
 
-TEST_F(Desktop, UserInformationIsKeptWhenDone) {
-  const fs::path folder = fs::temp_directory_path() / ("kestrane_gui_" + std::to_string(::getpid()));
-  fs::create_directories(folder);
-  session.data.paths.pgmfiles = folder;
-  window->SwapForms(Form::MainForm, Form::frmUserData);
+TEST_F(Desktop, UserInformationIsKeptInTheUsersDataFolderWhenDone) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(window->Current(), Form::frmUserData);
   auto* form = static_cast<frmUserData*>(window->PageOf(Form::frmUserData));
   form->Text1[0]->setText("Ann Lee");
   form->cmdDone->click();
   EXPECT_EQ(window->Current(), Form::MainForm);
   EXPECT_EQ(session.data.USERINFO(1), "Ann Lee");
-  EXPECT_TRUE(fs::exists(folder / "USERINFO.DTA"));
-  fs::remove_all(folder);
+  std::ifstream file(userdata / "USERINFO.DTA");
+  std::string first;
+  std::getline(file, first);
+  EXPECT_EQ(first, "Ann Lee\r") << ::testing::PrintToString(ui.notices);
 }
 
 TEST_F(Desktop, VaporPressuresAndSteamStatesShowTheModelsValues) {
@@ -235,12 +179,7 @@ TEST_F(Desktop, EveryExampleDesignsFromTheWindowAsOnTheCommandLine) {
     QObject::disconnect(connection);
     // The command line's results text for the same case, run in a fresh session.
     const std::string command = std::string(KESTRANE_CLI) + " design '" + entry.path().string() + "' 2>/dev/null";
-    std::string text;
-    if (FILE* pipe = popen(command.c_str(), "r")) {
-      char buffer[4096];
-      while (size_t n = fread(buffer, 1, sizeof buffer, pipe)) text.append(buffer, n);
-      pclose(pipe);
-    }
+    const std::string text = Run(command);
     const QString motive = FrameValue("Utilities", session.design.NSTAGES > 0 && window->screen.Metric()
                                                        ? "Total Motive Steam (kg/h)"
                                                        : "Total Motive Steam (#/hr)");
@@ -258,12 +197,7 @@ TEST_F(Desktop, EveryExampleDesignsFromTheWindowAsOnTheCommandLine) {
 TEST_F(Desktop, TheFileMenuSavesWhereTheCaseCameFromAndNewClearsASavedSheet) {
   const fs::path folder = fs::temp_directory_path() / ("kestrane_gui_files_" + std::to_string(::getpid()));
   fs::create_directories(folder);
-  auto action = [](QWidget* form, const QString& text) {
-    for (QAction* a : form->findChildren<QAction*>()) {
-      if (a->text() == text) return a;
-    }
-    return static_cast<QAction*>(nullptr);
-  };
+  auto action = [this](QWidget* form, const QString& text) { return Action(form, text); };
   auto* dp = static_cast<dpVac*>(window->PageOf(Form::dpVac));
   dp->model.file = (folder / "LINE.TDP").string();
   dp->model.txtEV[1] = "150";
@@ -285,7 +219,7 @@ TEST_F(Desktop, TheFileMenuSavesWhereTheCaseCameFromAndNewClearsASavedSheet) {
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
+  Application app(argc, argv);
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }

@@ -1,0 +1,82 @@
+// Run-time errors of the desktop program: told in a message box, never the end of the program.
+#include "trap.h"
+
+#include <QMessageBox>
+#include <QThread>
+#include <exception>
+#include <new>
+
+#include "properties/vb.h"
+
+namespace kestrane::gui {
+
+namespace {
+
+constexpr int kOutOfMemory = 7;
+constexpr int kInternalError = 51;
+
+std::string RunTimeError(int number, const std::string& text) {
+  return "Run-time error " + std::to_string(number) + ": " + text;
+}
+
+}  // namespace
+
+std::string CaughtErrorText() {
+  try {
+    throw;
+  } catch (const VbError& e) {
+    return RunTimeError(e.number(), e.description());
+  } catch (const std::bad_alloc&) {
+    return RunTimeError(kOutOfMemory, VbError(kOutOfMemory).description());
+  } catch (const std::exception& e) {
+    const std::string what = e.what();
+    return RunTimeError(kInternalError, what.empty() ? "Internal error" : "Internal error (" + what + ")");
+  } catch (...) {
+    return RunTimeError(kInternalError, "Internal error");
+  }
+}
+
+bool Trap(Ui& ui, const std::function<void()>& action) {
+  std::string text;
+  try {
+    action();
+    return true;
+  } catch (...) {
+    text = CaughtErrorText();
+  }
+  // Told outside the handler: the box runs its own event loop.
+  ui.notice(text);
+  return false;
+}
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+  report = [](const std::string& text) {
+    QMessageBox::critical(activeWindow(), applicationDisplayName(), QString::fromStdString(text));
+  };
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+  std::string text;
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (...) {
+    text = CaughtErrorText();
+  }
+  if (QThread::currentThread() == thread()) {
+    Report(text);
+  } else {
+    // An event of another thread: told on the window thread.
+    QMetaObject::invokeMethod(this, [this, text] { Report(text); }, Qt::QueuedConnection);
+  }
+  return true;  // the event is taken as handled
+}
+
+void Application::Report(const std::string& text) {
+  try {
+    if (report) report(text);
+  } catch (...) {
+    // Telling failed as well (no memory left for a box): the program goes on without it.
+  }
+}
+
+}  // namespace kestrane::gui
