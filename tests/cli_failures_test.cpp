@@ -161,6 +161,14 @@ TEST_F(Failures, APressureLossWithAnImpossiblePipeGivesItsMessageNotInfinity) {
   EXPECT_EQ(r.out.find("INF"), std::string::npos);
 }
 
+TEST_F(Failures, ATailLegThatCannotBeCalculatedSaysWhichErrorItAbsorbed) {
+  const auto tiny = Kestrane("tailleg 760 0 1e-40");
+  EXPECT_EQ(tiny.exit_code, 1);
+  EXPECT_EQ(tiny.err, "Run-time error 6: Overflow\n");
+  EXPECT_TRUE(tiny.out.empty());
+  EXPECT_EQ(Kestrane("tailleg 760 0 0").err, "Run-time error 11: Division by zero\n");
+}
+
 TEST_F(Failures, AUserVaporBeyondASinglesRangeIsRefusedAndTheFileKept) {
   ASSERT_EQ(Kestrane(Pgm() + "udv add --name Mine --mw 58 --t1 20 --p1 40 --t2 50 --p2 200 --t3 80 --p3 700").exit_code, 0);
   const std::string before = ReadBytes(dir / "UDV.DTA");
@@ -172,7 +180,12 @@ TEST_F(Failures, AUserVaporBeyondASinglesRangeIsRefusedAndTheFileKept) {
 }
 
 TEST_F(Failures, TheUsersVaporsLiveInTheUsersDataFolderSeededFromTheShippedCopy) {
-  // No --pgmfiles: the program's own data beside it, the user's in XDG_DATA_HOME.
+  // No --pgmfiles: the program's own data beside it, the user's in XDG_DATA_HOME,
+  // a folder made on first use even for a file with no shipped copy.
+  const auto info = Kestrane("userinfo set --name 'Ann Lee'");
+  ASSERT_EQ(info.exit_code, 0) << info.err;
+  EXPECT_TRUE(fs::exists(dir / "data" / "kestrane" / "USERINFO.DTA"));
+  EXPECT_FALSE(fs::exists(kShipped / "USERINFO.DTA"));
   const std::string shipped = ReadBytes(kShipped / "UDV.DTA");
   const auto add = Kestrane("udv add --name Mine --mw 58 --t1 20 --p1 40 --t2 50 --p2 200 --t3 80 --p3 700 --json");
   ASSERT_EQ(add.exit_code, 0) << add.err;
@@ -182,10 +195,6 @@ TEST_F(Failures, TheUsersVaporsLiveInTheUsersDataFolderSeededFromTheShippedCopy)
   const int shipped_count = std::stoi(shipped);
   EXPECT_EQ(std::stoi(now), shipped_count + 1) << "the shipped vapors come along";
   EXPECT_EQ(ReadBytes(kShipped / "UDV.DTA"), shipped) << "the shipped copy is never written";
-  const auto info = Kestrane("userinfo set --name 'Ann Lee'");
-  ASSERT_EQ(info.exit_code, 0) << info.err;
-  EXPECT_TRUE(fs::exists(dir / "data" / "kestrane" / "USERINFO.DTA"));
-  EXPECT_FALSE(fs::exists(kShipped / "USERINFO.DTA"));
 }
 
 TEST_F(Failures, ADamagedVaporFileIsKeptBesideTheOneWrittenAfterIt) {

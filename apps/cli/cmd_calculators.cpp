@@ -89,7 +89,8 @@ int TailLeg(const std::vector<std::string>& values) {
   TailLegScreen screen;
   for (size_t i = 0; i < 3; ++i) screen.txtTailLeg[i] = values[i];
   if (!CalculateTailLeg(screen)) {
-    std::cerr << "The specific gravity must not be 0.\n";
+    // The window keeps its answers silently; here the absorbed error is said.
+    std::cerr << RunTimeErrorText(VbError(screen.error)) << '\n';
     return kExitRefused;
   }
   std::printf("Min Height\n%s\n%s\n", screen.lblAns[0].c_str(), screen.lblAns[1].c_str());

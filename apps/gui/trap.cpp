@@ -15,24 +15,20 @@ namespace {
 constexpr int kOutOfMemory = 7;
 constexpr int kInternalError = 51;
 
-std::string RunTimeError(int number, const std::string& text) {
-  return "Run-time error " + std::to_string(number) + ": " + text;
-}
-
 }  // namespace
 
 std::string CaughtErrorText() {
   try {
     throw;
   } catch (const VbError& e) {
-    return RunTimeError(e.number(), e.description());
+    return RunTimeErrorText(e);
   } catch (const std::bad_alloc&) {
-    return RunTimeError(kOutOfMemory, VbError(kOutOfMemory).description());
+    return RunTimeErrorText(VbError(kOutOfMemory));
   } catch (const std::exception& e) {
     const std::string what = e.what();
-    return RunTimeError(kInternalError, what.empty() ? "Internal error" : "Internal error (" + what + ")");
+    return RunTimeErrorText(VbError(kInternalError, what.empty() ? "Internal error" : "Internal error (" + what + ")"));
   } catch (...) {
-    return RunTimeError(kInternalError, "Internal error");
+    return RunTimeErrorText(VbError(kInternalError));
   }
 }
 

@@ -73,8 +73,11 @@ fs::path ProgramPaths::UserDataFile(std::string_view name) const {
   const fs::path file = userdata / name;
   const fs::path shipped = pgmfiles / name;
   std::error_code ec;
-  if (file != shipped && !fs::exists(file, ec) && fs::is_regular_file(shipped, ec)) {
-    fs::create_directories(userdata, ec);
+  // One folder for all data (--pgmfiles) must exist; the user's own is made when missing,
+  // for files with no shipped copy too, so that they can be written.
+  if (userdata == pgmfiles) return file;
+  fs::create_directories(userdata, ec);
+  if (!fs::exists(file, ec) && fs::is_regular_file(shipped, ec)) {
     fs::copy_file(shipped, file, ec);
     // The shipped copy may be read-only; the user's copy is the user's to change.
     fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, ec);

@@ -19,10 +19,11 @@ struct ProgramPaths {
 
   // A shipped data file.
   std::filesystem::path DataFile(std::string_view name) const { return pgmfiles / name; }
-  // A file of the user's data folder; the first time it is asked for, the
-  // shipped copy (if any) is copied there. When the folder cannot be made, the
-  // file is still named there, so that reading finds nothing and writing
-  // reports its error.
+  // A file of the user's data folder, which is made when it is missing (unless
+  // it is the one folder of all data, which must exist); the
+  // first time the file is asked for, the shipped copy (if any) is copied
+  // there. When the folder cannot be made, the file is still named there, so
+  // that reading finds nothing and writing reports its error.
   std::filesystem::path UserDataFile(std::string_view name) const;
 };
 
