@@ -278,7 +278,9 @@ TEST_F(Thermo, ExamplesGiveSaneTemperaturesAndStandardConnections) {
     float t = 0, h = 0, e = 0, v = 0, moisture = 0;
     int16_t failed = 0;
     SteamFromPT(steam(), tcin.PSUCT * 51.7144f, t, h, e, v, moisture, failed);
-    if (s.txtInput[1] == "0" || Val(s.txtInput[1]) == 0) EXPECT_NEAR(Stg(kStgTS), t, 0.05);
+    if (s.txtInput[1] == "0" || Val(s.txtInput[1]) == 0) {
+      EXPECT_NEAR(Stg(kStgTS), t, 0.05);
+    }
     for (int row : {kStgDIAS, kStgDIAD, kStgDIAM}) EXPECT_TRUE(StandardPipe(Stg(row))) << row << " " << Stg(row);
     EXPECT_GE(Stg(kStgDIAS) + 2.0f, Stg(kStgDIAD));
     EXPECT_EQ(Stg(kStgBTU35), Stg(kStgTHROAT));
