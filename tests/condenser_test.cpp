@@ -40,7 +40,7 @@ class Condensers : public ::testing::Test {
   }
   int16_t Redesign(int col, std::array<int16_t, 14>& warnings) {
     int16_t err = 0;
-    CondenserDesign(ctx, dc.NSTAGES, col, 0, 0, err, warnings);
+    CondenserDesign(ctx, dc.NSTAGES, col, 0, 0, err, warnings, &reason);
     return err;
   }
 
@@ -49,6 +49,7 @@ class Condensers : public ::testing::Test {
   InputScreen screen;
   float pinterfix = 0;
   DesignContext ctx;
+  std::string reason = "not set";  // what ended the last Redesign
 };
 
 const char* kSurfaceExamples[] = {"AUTOMATIC-SURFACE.JET", "FOUR-STAGE-SURFACE.JET", "METRIC-TWO-STAGE.JET",
@@ -153,11 +154,16 @@ TEST_F(Condensers, BadWaterDataIsReportedOnceAndEndsTheRun) {
   ui.notices.clear();
   EXPECT_EQ(Redesign(kCondAC, warnings), 1);
   EXPECT_EQ(ui.notices, std::vector<std::string>{"Inlet liquid temp must be input........"});
+  EXPECT_EQ(reason, "no cooling water inlet temperature");
   dc.CNDIN(kCondAC, 5) = 85;
   dc.CNDIN(kCondAC, 6) = 80;
   ui.notices.clear();
   EXPECT_EQ(Redesign(kCondAC, warnings), 1);
   EXPECT_EQ(ui.notices, std::vector<std::string>{"Outlet liquid temp <= Inlet temp? why?."});
+  EXPECT_EQ(reason, "water outlet not above its inlet");
+  dc.CNDIN(kCondAC, 6) = 115;
+  EXPECT_EQ(Redesign(kCondAC, warnings), 0);
+  EXPECT_EQ(reason, "") << "a run that ends well has no reason";
 }
 
 TEST_F(Condensers, AnArithmeticFaultIsTrappedWithItsErrorNumber) {
@@ -169,6 +175,7 @@ TEST_F(Condensers, AnArithmeticFaultIsTrappedWithItsErrorNumber) {
   EXPECT_EQ(Redesign(kCondC2, warnings), 1);
   ASSERT_EQ(ui.notices.size(), 1u);
   EXPECT_EQ(ui.notices[0], "Error during Condenser Calculation: Error # 6");
+  EXPECT_EQ(reason, "Error # 6 Overflow");
 }
 
 TEST_F(Condensers, ResultsShowTheCondensersModelAndWater) {

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "condenser/condenser_state.h"
+#include "engine/run_errors.h"
 #include "engine/stage_results.h"
 #include "properties/numeric.h"
 #include "properties/vb.h"
@@ -19,9 +20,9 @@ constexpr int kMaxRestarts = 20;  // the pinch rule lowers the outlet each time;
 enum class Outcome { kStored, kNothing, kRestart };
 
 // Stops the run after showing its message once, where the original would ask again for the same data.
-[[noreturn]] void StopWith(CondenserRun& run, const std::string& message) {
+[[noreturn]] void StopWith(CondenserRun& run, const std::string& message, const std::string& reason) {
   if (!message.empty()) run.ctx.ui.notice(message);
-  throw CondenserStop{};
+  throw CondenserStop{reason};
 }
 
 float RoundedPipe(const CondenserRun& run, float nominal) {
@@ -49,9 +50,15 @@ void WaterData(CondenserRun& run) {
 }
 
 void WaterChecks(CondenserRun& run) {
-  if (CInt(run.WATER_IN) == 0) StopWith(run, "Inlet liquid temp must be input........");
-  if (CInt(run.WATER_OUT) == 0 && CInt(run.GPM) <= 0) StopWith(run, "Outlet liquid temp or GPM must be input");
-  if (run.WATER_OUT > 0 && !(run.WATER_OUT > run.WATER_IN)) StopWith(run, "Outlet liquid temp <= Inlet temp? why?.");
+  if (CInt(run.WATER_IN) == 0) {
+    StopWith(run, "Inlet liquid temp must be input........", "no cooling water inlet temperature");
+  }
+  if (CInt(run.WATER_OUT) == 0 && CInt(run.GPM) <= 0) {
+    StopWith(run, "Outlet liquid temp or GPM must be input", "no water outlet temperature or flow");
+  }
+  if (run.WATER_OUT > 0 && !(run.WATER_OUT > run.WATER_IN)) {
+    StopWith(run, "Outlet liquid temp <= Inlet temp? why?.", "water outlet not above its inlet");
+  }
 }
 
 // The water balance; kRestart when the pinch rule lowered the outlet temperature.
@@ -61,13 +68,14 @@ Outcome WaterBalance(CondenserRun& run) {
     const float tw = run.WATER_OUT > 0 ? (run.WATER_IN + run.WATER_OUT) / 2 : 0.0f;
     int16_t err = 0;
     WaterProperties(tw, run.CP, run.SG, run.K, run.MU, err);
-    if (err) StopWith(run, "");
+    if (err) StopWith(run, "", "mean water temperature outside 35 to 720 F");
     if (run.GPM > 0 && run.WATER_OUT > 0) {
       const float qliq = run.GPM * 500 * run.SG * run.CP * (run.WATER_OUT - run.WATER_IN);
       if (run.direct) run.QSUB = run.WCOND * (run.TCOND - run.WATER_OUT);
       const float ratio = qliq / (run.Q_TOTAL + run.QSUB);
       if (!(ratio >= 0.98 && ratio <= 1.02)) {
-        StopWith(run, "Qliquid vs Qvapor differs by > 2% !!!..QLIQUID=0   QVAPOR=0");
+        StopWith(run, "Qliquid vs Qvapor differs by > 2% !!!..QLIQUID=0   QVAPOR=0",
+                 "water and vapor heat differ by more than 2%");
       }
     } else if (run.GPM > 0) {
       if (run.direct) {
@@ -80,8 +88,10 @@ Outcome WaterBalance(CondenserRun& run) {
     }
   }
   if (run.WATER_IN > run.T2) {
-    StopWith(run, "The water outlet is hotter that the saturation temp!\r\nIts hard to do certain things....this is too "
-                  "hard...");
+    StopWith(run,
+             "The water outlet is hotter that the saturation temp!\r\nIts hard to do certain things....this is too "
+             "hard...",
+             "cooling water inlet above the condensing temperature");
   }
   const float a = run.CTSTEAM != 0 ? run.CTSTEAM : run.CTOTHER;
   if (!(a < run.T2)) {
@@ -167,10 +177,8 @@ void Store(CondenserRun& run) {
       {kCndWLMTDVAP, run.WLMTDVAP}, {kCndFPSVI, run.FPSVI},     {kCndFPSVO, run.FPSVO},
       {kCndFPSWI2, run.FPSWI},      {kCndFPSWO, run.FPSWO}};
   for (const auto& [row, value] : fields) {
-    if (!std::isfinite(value)) {
-      // The original stopped on the arithmetic fault behind a value like this one.
-      throw VbError(std::fetestexcept(FE_DIVBYZERO) ? 11 : std::fetestexcept(FE_INVALID) ? 5 : 6);
-    }
+    // The original stopped on the arithmetic fault behind a value like this one.
+    if (!std::isfinite(value)) throw ArithmeticError();
   }
   for (const auto& [row, value] : fields) set(row, value);
   for (int row = kCndBAROA; row <= kCondenserRows; ++row) set(row, 0);
@@ -304,9 +312,11 @@ void SetCondenserInputs(DesignContext& ctx) {
 }
 
 void CondenserDesign(DesignContext& ctx, int nstages, int col, float dia1, float dia2, int16_t& err,
-                     std::array<int16_t, 14>& warnings) {
+                     std::array<int16_t, 14>& warnings, std::string* reason) {
   err = 0;
   warnings.fill(0);
+  if (reason != nullptr) reason->clear();
+  std::string why;
   std::feclearexcept(FE_ALL_EXCEPT);
   try {
     for (int attempt = 0; attempt < kMaxRestarts; ++attempt) {
@@ -317,12 +327,25 @@ void CondenserDesign(DesignContext& ctx, int nstages, int col, float dia1, float
       run.direct = ctx.dc.CNDTYPE == 2;
       if (Run(run, dia1, dia2) != Outcome::kRestart) return;
     }
-  } catch (const CondenserStop&) {
+    // The outlet temperature keeps falling against the pinch: end here rather than go on for ever.
     err = 1;
+    why = "the water outlet temperature did not settle against the pinch";
+    ctx.ui.notice("Error during Condenser Calculation: the water outlet temperature did not settle after " +
+                  std::to_string(kMaxRestarts) + " restarts.");
+  } catch (const CondenserStop& stop) {
+    err = 1;
+    why = stop.reason;
   } catch (const VbError& e) {
     err = 1;
+    why = "Error # " + GeneralText(e.number()) + " " + e.description();
     ctx.ui.notice("Error during Condenser Calculation: Error # " + GeneralText(e.number()));
+  } catch (const std::exception& e) {
+    // Any other failure is trapped the same way, under the run time's number for a fault of its own.
+    err = 1;
+    why = "Error # 51 Internal error (" + std::string(e.what()) + ")";
+    ctx.ui.notice("Error during Condenser Calculation: Error # 51");
   }
+  if (reason != nullptr) *reason = why;
 }
 
 }  // namespace kestrane

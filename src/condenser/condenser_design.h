@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 #include "engine/design_context.h"
 
@@ -14,8 +15,9 @@ void SetCondenserInputs(DesignContext& ctx);
 
 // Designs condenser `col` (3 C1, 2 C2, 1 AC) of a train of `nstages` stages.
 // dia1 and dia2 are the fallback vapor nozzles at its inlet and outlet.
-// err becomes 1 on a trapped failure; `warnings` collects the warning codes.
+// err becomes 1 on a trapped failure, and `reason`, when given, says in a few
+// words what ended the run (empty when err is 0); `warnings` collects the warning codes.
 void CondenserDesign(DesignContext& ctx, int nstages, int col, float dia1, float dia2, int16_t& err,
-                     std::array<int16_t, 14>& warnings);
+                     std::array<int16_t, 14>& warnings, std::string* reason = nullptr);
 
 }  // namespace kestrane

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 #include "engine/design_context.h"
 #include "engine/stage_results.h"
@@ -76,7 +77,9 @@ struct CondenserRun {
 void Warn(CondenserRun& run, int code);
 
 // The stopping of a condenser run: after a message, the run ends with its error flag.
-struct CondenserStop {};
+struct CondenserStop {
+  std::string reason;  // what stopped it, in a few words
+};
 
 // Geometry of the shell and tube layout.
 struct PassLayout {

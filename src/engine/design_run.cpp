@@ -7,6 +7,7 @@
 #include "case/check_input.h"
 #include "condenser/condenser_design.h"
 #include "engine/optimiser.h"
+#include "engine/run_errors.h"
 #include "engine/stage_model.h"
 #include "engine/stage_results.h"
 #include "properties/numeric.h"
@@ -18,6 +19,29 @@ namespace {
 
 constexpr float kAfterCondenserLoss = 25.0f;  // mmHg the last stage discharges through the after condenser
 constexpr float kRunningHours = 8000;
+constexpr const char* kCondenserNames[] = {"AC", "C2", "C1"};  // by column 1, 2, 3
+
+// Every value of the record that a run computes: the stage and condenser
+// tables, their loads and the totals, for the check that no step leaves one
+// infinite or not a number.
+ResultCells RecordCells(DesignCase& dc) {
+  ResultCells cells;
+  for (int c = 1; c <= kStageColumns; ++c) {
+    for (int r = 1; r <= kStageRows; ++r) cells.push_back(&dc.STG(c, r));
+  }
+  for (int col = 1; col <= kCondenserColumns; ++col) {
+    for (int r = 1; r <= kCondenserRows; ++r) cells.push_back(&dc.CND(col, r));
+  }
+  for (int k = 1; k <= 12; ++k) cells.push_back(&dc.TOTALS(k));
+  for (int load = 1; load <= kMaxLoads; ++load) {
+    for (int c = 1; c <= kStageColumns; ++c) cells.push_back(&dc.STGLOAD(load, c));
+    for (int col = 1; col <= kCondenserColumns; ++col) {
+      cells.push_back(&dc.CNDLOAD(load, 1, col));
+      cells.push_back(&dc.CNDLOAD(load, 2, col));
+    }
+  }
+  return cells;
+}
 
 LoadVector FlowsOfLoads(const DesignCase& dc) {
   LoadVector loads = NewLoadVector();
@@ -154,50 +178,66 @@ void VaporRangeWarnings(DesignContext& ctx) {
 
 }  // namespace
 
-void DesignSystem(DesignContext& ctx) {
+std::vector<std::string> DesignSystem(DesignContext& ctx) {
   DesignCase& dc = ctx.dc;
   Ui& ui = ctx.ui;
+  RunErrors errors(ui);
+  const ResultCells cells = RecordCells(dc);
+  const auto stage = [&](int c) { return "stage " + ctx.data.constants.STAGENAME(c); };
+  const auto condenser = [](int col) { return std::string("condenser ") + kCondenserNames[col - 1]; };
+
   ui.status("Calculating..... ");
   float pout = dc.PDISCH + (dc.HASAC > 0 && dc.NSTAGES > 0 ? kAfterCondenserLoss : 0.0f);
   float pin = dc.PSUCT;
   float tin = dc.TSUCT;
   dc.LRVPERR = 0;
 
-  if (dc.NSTAGES < 3) PrecondenserAdvice(ctx, pin);
+  if (dc.NSTAGES < 3) errors.Step("the precondenser advice", cells, [&] { PrecondenserAdvice(ctx, pin); });
 
   LoadVector loads = FlowsOfLoads(dc);
   float best = 0;
   int16_t err = 0;
-  switch (dc.NSTAGES) {
-    case 1: {
-      ui.status("Calculating.....single stage design... ");
-      if (dc.HASC2 > 0) Precondenser(ctx, kCondC2, kLoadVPC2, dc.TSATC2, pin, tin, loads);
-      DesignSingleStage(ctx, pin, pout, tin, loads);
-      break;
+  // A fault inside the search leaves the best stages found before it.
+  errors.Step(dc.NSTAGES == 1 ? "the design of stage C" : "the interstage pressure search", cells, [&] {
+    switch (dc.NSTAGES) {
+      case 1: {
+        ui.status("Calculating.....single stage design... ");
+        if (dc.HASC2 > 0) Precondenser(ctx, kCondC2, kLoadVPC2, dc.TSATC2, pin, tin, loads);
+        DesignSingleStage(ctx, pin, pout, tin, loads);
+        break;
+      }
+      case 2: {
+        ui.status("Calculating.....two stage design... ");
+        const float ve = dc.HASC1 > 0 ? Precondenser(ctx, kCondC1, kLoadVPC1, dc.TSATC1, pin, tin, loads)
+                                      : VaporEquivalent(ctx, loads, tin);
+        OptimizeTwoStage(ctx, ve, pin, pout, tin, loads, best, err);
+        break;
+      }
+      case 3:
+        ui.status("Calculating.....three stage design... ");
+        OptimizeThreeStage(ctx, pin, pout, tin, loads, best, err);
+        break;
+      case 4:
+        OptimizeFourStage(ctx, pin, pout, tin, ctx.PINTERFIX, 0, loads, best, err);
+        break;
+      default:
+        break;
     }
-    case 2: {
-      ui.status("Calculating.....two stage design... ");
-      const float ve = dc.HASC1 > 0 ? Precondenser(ctx, kCondC1, kLoadVPC1, dc.TSATC1, pin, tin, loads)
-                                    : VaporEquivalent(ctx, loads, tin);
-      OptimizeTwoStage(ctx, ve, pin, pout, tin, loads, best, err);
-      break;
-    }
-    case 3:
-      ui.status("Calculating.....three stage design... ");
-      OptimizeThreeStage(ctx, pin, pout, tin, loads, best, err);
-      break;
-    case 4:
-      OptimizeFourStage(ctx, pin, pout, tin, ctx.PINTERFIX, 0, loads, best, err);
-      break;
-    default:
-      break;
-  }
+  });
   if (dc.LRVPERR == 1) {
     ui.notice("Error encountered in liquid ring vacuum pump design.\r\nThe conditions may be beyond the capacity of a "
               "vacuum pump.\r\nSuggestions:\r\n-If cooling water is hot, try cold water (~50F) to prove if conditions "
               "are beyond the limits of the vacuum pump.\r\n-Disable the vacuum pump option and run as ejector(s) "
               "only.");
-    return;
+    errors.Add("LRVP Error: no liquid ring vacuum pump could be designed for these conditions");
+    return errors.texts();
+  }
+
+  // A search whose every candidate was worse than its starting best, or that a fault stopped, stored no stage.
+  for (int c = dc.NSTAGES; c >= 1; --c) {
+    if (!(dc.STG(c, kStgPOUT) > 0)) {
+      errors.Add("Stage " + ctx.data.constants.STAGENAME(c) + ": the search stored no design for it");
+    }
   }
 
   float total_motive = 0;
@@ -205,20 +245,22 @@ void DesignSystem(DesignContext& ctx) {
   dc.TOTALS(kTotalMotive) = total_motive;
 
   if (dc.HASAC > 0) {
-    if (dc.NSTAGES > 0) {
-      dc.CND(kCondAC, kCndPIN) = pout;
-      dc.CND(kCondAC, kCndTSAT) = dc.TSATAC;
-      for (int load = 1; load <= kMaxLoads; ++load) loads(load) = dc.STGLOAD(load, kStageC);
-      loads(1) += dc.STG(kStageC, kStgMOTIVE);
-      CopyCondenserLoads(dc, 1, kCondAC, loads);
-      pout -= kAfterCondenserLoss;
-    } else {
-      dc.CND(kCondAC, kCndPIN) = pin;
-    }
-    LoadVector vp = FillVaporPressures(ctx, kLoadVPAC);
-    FlashLoads(ctx, loads, vp, pout, 1);
-    dc.CND(kCondAC, kCndPOUT) = pout;
-    CopyCondenserLoads(dc, 2, kCondAC, loads);
+    errors.Step("the loads of " + condenser(kCondAC), cells, [&] {
+      if (dc.NSTAGES > 0) {
+        dc.CND(kCondAC, kCndPIN) = pout;
+        dc.CND(kCondAC, kCndTSAT) = dc.TSATAC;
+        for (int load = 1; load <= kMaxLoads; ++load) loads(load) = dc.STGLOAD(load, kStageC);
+        loads(1) += dc.STG(kStageC, kStgMOTIVE);
+        CopyCondenserLoads(dc, 1, kCondAC, loads);
+        pout -= kAfterCondenserLoss;
+      } else {
+        dc.CND(kCondAC, kCndPIN) = pin;
+      }
+      LoadVector vp = FillVaporPressures(ctx, kLoadVPAC);
+      FlashLoads(ctx, loads, vp, pout, 1);
+      dc.CND(kCondAC, kCndPOUT) = pout;
+      CopyCondenserLoads(dc, 2, kCondAC, loads);
+    });
   }
   if (dc.NSTAGES >= 3) Intercondenser(dc, kCondC1, dc.TSATC1, kStageA, kStageB);
   if (dc.NSTAGES >= 2) Intercondenser(dc, kCondC2, dc.TSATC2, kStageB, kStageC);
@@ -235,18 +277,32 @@ void DesignSystem(DesignContext& ctx) {
     dc.CND(col, kCndQNOSUB) = q;
   }
 
+  // Each stage is finished on its own: a stage that cannot be finished stops only itself.
   if (dc.NSTAGES > 0) {
     ui.status("Calculating.....velocities... ");
-    StageVelocities(ctx, dc.NSTAGES);
+    for (int c = 1; c <= dc.NSTAGES; ++c) {
+      errors.Step("the connections of " + stage(c), cells, [&] { StageVelocities(ctx, c); });
+    }
   }
   ui.status("Calculating.....efficiencies... ");
-  StageEfficiencies(ctx, dc.NSTAGES);
-  StageCurves(ctx, dc.NSTAGES);
+  for (int c = 1; c <= dc.NSTAGES; ++c) {
+    errors.Step("the efficiency of " + stage(c), cells, [&] { StageEfficiencies(ctx, c); });
+  }
+  for (int c = 1; c <= dc.NSTAGES; ++c) {
+    int16_t unbalanced = 0;
+    errors.Step("the efficiency curve of " + stage(c), cells, [&] { unbalanced = StageCurves(ctx, c); });
+    if (unbalanced != 0) {
+      errors.Add("Stage " + ctx.data.constants.STAGENAME(c) + ": the jet balance did not converge from " +
+                 Trim(GeneralText(dc.STG(c, kStgPIN))) + " to " + Trim(GeneralText(dc.STG(c, kStgPOUT))) +
+                 " mmHgA; its last motive ratio stands");
+    }
+  }
   float dia1 = 0, dia2 = 0;
-  CondenserLines(ctx, dc.TSUCT, dc.NSTAGES, dia1, dia2);
+  errors.Step("the vapor lines of the condensers", cells,
+              [&] { CondenserLines(ctx, dc.TSUCT, dc.NSTAGES, dia1, dia2); });
   for (int c = 1; c <= dc.NSTAGES; ++c) {
     if (dc.USELRVP == 1 && c == kStageC) continue;
-    EjectorDimensions(ctx, c);
+    errors.Step("the ejector dimensions of " + stage(c), cells, [&] { EjectorDimensions(ctx, c); });
   }
 
   SetCondenserInputs(ctx);
@@ -257,13 +313,22 @@ void DesignSystem(DesignContext& ctx) {
     ui.status("Calculating.....condenser #" + Str(n));
     int16_t cnd_err = 0;
     std::array<int16_t, 14> warnings{};
-    CondenserDesign(ctx, dc.NSTAGES, col, dia1, dia2, cnd_err, warnings);
+    std::string reason;
+    // The condenser run traps its own faults; the step only makes sure that nothing else gets out.
+    errors.Step(condenser(col), cells,
+                [&] { CondenserDesign(ctx, dc.NSTAGES, col, dia1, dia2, cnd_err, warnings, &reason); });
+    if (cnd_err != 0) {
+      errors.Add("Condenser " + std::string(kCondenserNames[col - 1]) + " ended with its error flag: " + reason);
+    }
     // The outline belongs to a surface condenser whose shell was sized.
-    if (dc.CNDTYPE == 1 && dc.CND(col, kCndOD) > 0) CondenserOutline(ctx, col);
+    if (dc.CNDTYPE == 1 && dc.CND(col, kCndOD) > 0) {
+      errors.Step("the outline of " + condenser(col), cells, [&] { CondenserOutline(ctx, col); });
+    }
   }
 
-  AnnualCosts(ctx);
-  VaporRangeWarnings(ctx);
+  errors.Step("the annual costs", cells, [&] { AnnualCosts(ctx); });
+  errors.Step("the vapor pressure warnings", cells, [&] { VaporRangeWarnings(ctx); });
+  return errors.texts();
 }
 
 DesignOutcome RunDesign(DesignContext& ctx, InputScreen& screen) {
@@ -272,7 +337,7 @@ DesignOutcome RunDesign(DesignContext& ctx, InputScreen& screen) {
   const Vapors vapors = ctx.vapors();
   outcome.input_error = CheckInput(screen, ctx.dc, ctx.PINTERFIX, CheckServices{steam, vapors, ctx.ui});
   if (outcome.input_error != 0) return outcome;
-  DesignSystem(ctx);
+  outcome.errors = DesignSystem(ctx);
   if (ctx.dc.LRVPERR == 0) {
     outcome.results = true;
   } else {

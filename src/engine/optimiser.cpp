@@ -124,10 +124,6 @@ void OptimizeThreeStage(DesignContext& ctx, float pin, float pout, float t, Load
   float pbest = p0;
   int trend = 0;
   for (int candidate = 0;; ++candidate) {
-    if (candidate == kMaxCandidates) {
-      s = 0;
-      pa = pbest;
-    }
     pa += s;
     while (!(pa > 0 && pa >= pf)) {
       if (pa >= pf) {
@@ -140,6 +136,12 @@ void OptimizeThreeStage(DesignContext& ctx, float pin, float pout, float t, Load
         pa = pf > 0 ? pf : 10.0f;
         break;
       }
+    }
+    // After the floor rule, which would otherwise set the search going again for ever.
+    if (candidate >= kMaxCandidates) {
+      if (!(best < kNoBest)) return;  // no candidate was ever stored: there is no best to recompute
+      s = 0;
+      pa = pbest;
     }
     loads = LoadsOf(dc, kStageA);
     const StageTrial a = TryStage(ctx, pin, pa, ve, t, kMarginA, false);
@@ -205,16 +207,18 @@ void OptimizeFourStage(DesignContext& ctx, float pin, float pout, float t, float
   int trend = 0;
   StageTrial a;
   for (int candidate = 0;; ++candidate) {
-    if (candidate == kMaxCandidates) {
-      s = 0;
-      px = px_best;
-    }
     px += s;
     while (px <= 0) {
       px -= s;
       s = s > 0 ? -1.0f : 0.1f;
       if (px <= 0) px = 1.0f;
       px += s;
+    }
+    // After the rule for pressures at or below 0, which would otherwise set the search going again.
+    if (candidate >= kMaxCandidates) {
+      if (!(pair_best < kNoBest)) break;  // no pair was ever stored: there is no best to recompute
+      s = 0;
+      px = px_best;
     }
     loads = LoadsOf(dc, kStageAA);
     const StageTrial aa = TryStage(ctx, pin, px, ve, t, kMarginA, false);

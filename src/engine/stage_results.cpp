@@ -131,105 +131,100 @@ void ConnectionsFromSize(const DesignContext& ctx, float size, float& suction, f
   }
 }
 
-void StageVelocities(DesignContext& ctx, int n) {
+void StageVelocities(DesignContext& ctx, int c) {
   DesignCase& dc = ctx.dc;
   const auto& head = ctx.data.constants.DYNHEAD;
-  for (int c = 1; c <= n; ++c) {
-    const float pin = dc.STG(c, kStgPIN);
-    if (!(pin > 0)) continue;
-    const float pout = dc.STG(c, kStgPOUT);
-    const float motive = dc.STG(c, kStgMOTIVE);
-    const float ml = dc.STG(c, kStgML);
-    const float ts = dc.STG(c, kStgTS);
-    const float td = dc.STG(c, kStgTD);
-    float molin = 0, massin = 0;
-    for (int load = 1; load <= dc.NLOADS; ++load) {
-      const float flow = dc.STGLOAD(load, c);
-      if (!(flow > 0.0001)) continue;
-      molin += flow / dc.LOADS(kLoadMW, load);
-      massin += flow;
-    }
-    const float molout = molin + motive / 18;
-    const float massout = massin + motive;
-    float vsat = 0, tsat = 0;
-    SaturatedSteam(ctx, pin, vsat, tsat);
-    const float v = static_cast<float>((ts + 459.59) / (tsat + 459.59) * (18 / (massin / molin)) * vsat);
-
-    const bool pump = dc.USELRVP == 1 && c == kStageC;
-    float vmaxs = 0, vmaxd = 0, factor = 1.0f;
-    if (pump) {
-      vmaxs = vmaxd = 50.0f;
-      factor = dc.LRVPFACTOR;
-    } else if (CInt(ml * 100.0) > 0) {
-      const float hs = Interp(head, ml, 2);
-      vmaxs = static_cast<float>(std::sqrt(pin * hs / 51.7144 * 144 * v * 64.4));
-      float vsat_d = 0, tsat_d = 0;
-      SaturatedSteam(ctx, pout, vsat_d, tsat_d);
-      const float vd = static_cast<float>((td + 459.59) / (tsat_d + 459.59) * (18 / (massout / molout)) * vsat_d);
-      const float hd = Interp(head, ml, 3);
-      vmaxd = static_cast<float>(std::sqrt(pout * hd / 51.7144 * 144 * vd * 64.4));
-    }
-    const float fs = static_cast<float>((ts + 459.59) * molin * 10.73 / (pin / 51.7144) * factor / 3600);
-    const float fd = static_cast<float>((td + 459.59) * molout * 10.73 / (pout / 51.7144) * factor / 3600);
-    Pipe suction, discharge;
-    if (!pump) ConnectionsFromSize(ctx, dc.STG(c, kStgSIZE), suction.nominal, discharge.nominal);
-    const float vels = PipeSize(ctx, fs, suction, vmaxs, 1.5f);
-    const float veld = pump ? 0.0f : PipeSize(ctx, fd, discharge, vmaxd, 1.5f);  // a pump's discharge is its own
-    dc.VELFLAG(c, 6) = vels > vmaxs ? 1 : 0;
-    dc.VELFLAG(c, 7) = veld > vmaxd ? 1 : 0;
-    dc.STG(c, kStgDIAS) = suction.nominal;
-    dc.STG(c, kStgVELS) = vels;
-    dc.STG(c, kStgDIAD) = discharge.nominal;
-    dc.STG(c, kStgVELD) = veld;
-    dc.STG(c, kStgVMAXS) = vmaxs;
-    dc.STG(c, kStgVMAXD) = vmaxd;
-    if (pump) continue;
-    float tm = dc.TMOTIVE, h = 0, s = 0, vm = 0, moisture = 0;
-    int16_t failed = 0;
-    SteamFromPT(ctx.steam(), static_cast<float>((dc.PMOTIVE + 14.696) * 51.7144), tm, h, s, vm, moisture, failed);
-    Pipe motive_pipe;
-    dc.STG(c, kStgVELM) = PipeSize(ctx, motive * factor * vm / 3600, motive_pipe, 120.0f, 0.25f);
-    dc.STG(c, kStgDIAM) = motive_pipe.nominal;
+  const float pin = dc.STG(c, kStgPIN);
+  if (!(pin > 0)) return;
+  const float pout = dc.STG(c, kStgPOUT);
+  const float motive = dc.STG(c, kStgMOTIVE);
+  const float ml = dc.STG(c, kStgML);
+  const float ts = dc.STG(c, kStgTS);
+  const float td = dc.STG(c, kStgTD);
+  float molin = 0, massin = 0;
+  for (int load = 1; load <= dc.NLOADS; ++load) {
+    const float flow = dc.STGLOAD(load, c);
+    if (!(flow > 0.0001)) continue;
+    molin += flow / dc.LOADS(kLoadMW, load);
+    massin += flow;
   }
+  const float molout = molin + motive / 18;
+  const float massout = massin + motive;
+  float vsat = 0, tsat = 0;
+  SaturatedSteam(ctx, pin, vsat, tsat);
+  const float v = static_cast<float>((ts + 459.59) / (tsat + 459.59) * (18 / (massin / molin)) * vsat);
+
+  const bool pump = dc.USELRVP == 1 && c == kStageC;
+  float vmaxs = 0, vmaxd = 0, factor = 1.0f;
+  if (pump) {
+    vmaxs = vmaxd = 50.0f;
+    factor = dc.LRVPFACTOR;
+  } else if (CInt(ml * 100.0) > 0) {
+    const float hs = Interp(head, ml, 2);
+    vmaxs = static_cast<float>(std::sqrt(pin * hs / 51.7144 * 144 * v * 64.4));
+    float vsat_d = 0, tsat_d = 0;
+    SaturatedSteam(ctx, pout, vsat_d, tsat_d);
+    const float vd = static_cast<float>((td + 459.59) / (tsat_d + 459.59) * (18 / (massout / molout)) * vsat_d);
+    const float hd = Interp(head, ml, 3);
+    vmaxd = static_cast<float>(std::sqrt(pout * hd / 51.7144 * 144 * vd * 64.4));
+  }
+  const float fs = static_cast<float>((ts + 459.59) * molin * 10.73 / (pin / 51.7144) * factor / 3600);
+  const float fd = static_cast<float>((td + 459.59) * molout * 10.73 / (pout / 51.7144) * factor / 3600);
+  Pipe suction, discharge;
+  if (!pump) ConnectionsFromSize(ctx, dc.STG(c, kStgSIZE), suction.nominal, discharge.nominal);
+  const float vels = PipeSize(ctx, fs, suction, vmaxs, 1.5f);
+  const float veld = pump ? 0.0f : PipeSize(ctx, fd, discharge, vmaxd, 1.5f);  // a pump's discharge is its own
+  dc.VELFLAG(c, 6) = vels > vmaxs ? 1 : 0;
+  dc.VELFLAG(c, 7) = veld > vmaxd ? 1 : 0;
+  dc.STG(c, kStgDIAS) = suction.nominal;
+  dc.STG(c, kStgVELS) = vels;
+  dc.STG(c, kStgDIAD) = discharge.nominal;
+  dc.STG(c, kStgVELD) = veld;
+  dc.STG(c, kStgVMAXS) = vmaxs;
+  dc.STG(c, kStgVMAXD) = vmaxd;
+  if (pump) return;
+  float tm = dc.TMOTIVE, h = 0, s = 0, vm = 0, moisture = 0;
+  int16_t failed = 0;
+  SteamFromPT(ctx.steam(), static_cast<float>((dc.PMOTIVE + 14.696) * 51.7144), tm, h, s, vm, moisture, failed);
+  Pipe motive_pipe;
+  dc.STG(c, kStgVELM) = PipeSize(ctx, motive * factor * vm / 3600, motive_pipe, 120.0f, 0.25f);
+  dc.STG(c, kStgDIAM) = motive_pipe.nominal;
 }
 
-void StageEfficiencies(DesignContext& ctx, int n) {
+void StageEfficiencies(DesignContext& ctx, int c) {
   DesignCase& dc = ctx.dc;
-  for (int c = 1; c <= n; ++c) {
-    const float pin = dc.STG(c, kStgPIN), pout = dc.STG(c, kStgPOUT);
-    if (!(pin > 0 && pout > 0) || (dc.USELRVP == 1 && c == kStageC)) continue;
-    JetBalanceData jet;
-    jet.outletVelocity = dc.STG(c, kStgVELD);
-    jet.motivePressure = dc.PMOTIVE;
-    jet.motiveUnit = 4;
-    jet.motiveTemp = dc.TMOTIVE;
-    jet.suctionPressure = pin;
-    jet.suctionUnit = 2;
-    jet.suctionTemp = 0;  // saturated, as the stage was sized
-    jet.dischargeUnit = 2;
-    jet.dischargePressure = pout;
-    jet.target = dc.STG(c, kStgML);
-    jet.targetKind = 1;
-    JetBalance(ctx.steam(), jet);
-    dc.STG(c, kStgEFF) = jet.failed ? kEfficiencyFailed : jet.entropyIndex;
-    const float q = (dc.STG(c, kStgVE) + dc.STG(c, kStgMOTIVE)) * jet.throatVolume;
-    const float sonic = static_cast<float>(std::sqrt((jet.throatTemp + 460) * 64631.84 / 18));
-    const float vth = MinOf(0.9f * sonic, jet.mixVelocity);
-    dc.STG(c, kStgBTU35) = static_cast<float>(std::sqrt(q / 3600 / vth * 144 * 4 / 3.14159));
-  }
+  const float pin = dc.STG(c, kStgPIN), pout = dc.STG(c, kStgPOUT);
+  if (!(pin > 0 && pout > 0) || (dc.USELRVP == 1 && c == kStageC)) return;
+  JetBalanceData jet;
+  jet.outletVelocity = dc.STG(c, kStgVELD);
+  jet.motivePressure = dc.PMOTIVE;
+  jet.motiveUnit = 4;
+  jet.motiveTemp = dc.TMOTIVE;
+  jet.suctionPressure = pin;
+  jet.suctionUnit = 2;
+  jet.suctionTemp = 0;  // saturated, as the stage was sized
+  jet.dischargeUnit = 2;
+  jet.dischargePressure = pout;
+  jet.target = dc.STG(c, kStgML);
+  jet.targetKind = 1;
+  JetBalance(ctx.steam(), jet);
+  dc.STG(c, kStgEFF) = jet.failed ? kEfficiencyFailed : jet.entropyIndex;
+  const float q = (dc.STG(c, kStgVE) + dc.STG(c, kStgMOTIVE)) * jet.throatVolume;
+  const float sonic = static_cast<float>(std::sqrt((jet.throatTemp + 460) * 64631.84 / 18));
+  const float vth = MinOf(0.9f * sonic, jet.mixVelocity);
+  dc.STG(c, kStgBTU35) = static_cast<float>(std::sqrt(q / 3600 / vth * 144 * 4 / 3.14159));
 }
 
-void StageCurves(DesignContext& ctx, int n) {
+int16_t StageCurves(DesignContext& ctx, int c) {
   DesignCase& dc = ctx.dc;
-  for (int c = 1; c <= n; ++c) {
-    const float pin = dc.STG(c, kStgPIN), pout = dc.STG(c, kStgPOUT);
-    if (!(pin > 0 && pout > 0) || (dc.USELRVP == 1 && c == kStageC)) continue;
-    dc.PSUCT = pin;
-    // The curve's efficiency and the motive ratio it gives, as the stage model computes them.
-    const StageDesign curve = DesignStage(ctx, pin, pout, dc.PMOTIVE, dc.TMOTIVE, dc.STG(c, kStgVE));
-    dc.STG(c, kStgEFFCURVE) = curve.EFF;
-    dc.STG(c, kStgMLCURVE) = curve.ML;
-  }
+  const float pin = dc.STG(c, kStgPIN), pout = dc.STG(c, kStgPOUT);
+  if (!(pin > 0 && pout > 0) || (dc.USELRVP == 1 && c == kStageC)) return 0;
+  dc.PSUCT = pin;
+  // The curve's efficiency and the motive ratio it gives, as the stage model computes them.
+  const StageDesign curve = DesignStage(ctx, pin, pout, dc.PMOTIVE, dc.TMOTIVE, dc.STG(c, kStgVE));
+  dc.STG(c, kStgEFFCURVE) = curve.EFF;
+  dc.STG(c, kStgMLCURVE) = curve.ML;
+  return curve.balance.failed;
 }
 
 void EjectorDimensions(DesignContext& ctx, int stage) {

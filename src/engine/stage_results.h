@@ -1,6 +1,7 @@
 // Finishing a train: pipe connections and velocities, recalculated efficiencies, ejector bodies, condenser vapor lines and outlines.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "engine/design_context.h"
@@ -37,10 +38,19 @@ float MaxVelocity(const DesignContext& ctx, float p, float t, float mw);
 // Suction and discharge connections of a model size from the size table; 0 when no row matches.
 void ConnectionsFromSize(const DesignContext& ctx, float size, float& suction, float& discharge);
 
-void StageVelocities(DesignContext& ctx, int n);
-void StageEfficiencies(DesignContext& ctx, int n);
-// Overwrites PSUCT with each stage's suction pressure, keeping the last, as the program always did.
-void StageCurves(DesignContext& ctx, int n);
+// Each of these finishes one stage column c of a train; the run calls it for
+// the stages in turn, and a stage it cannot finish stops only that stage.
+
+// Suction, discharge and motive connections of the stage, their velocities and limits.
+void StageVelocities(DesignContext& ctx, int c);
+// The efficiency of the stage as designed (EFF) and the throat it gives (BTU35).
+void StageEfficiencies(DesignContext& ctx, int c);
+// The efficiency curve's values of the stage (EFFCURVE, MLCURVE). Overwrites
+// PSUCT with the stage's suction pressure, as the program always did, so a
+// run leaves the last stage's there. Returns the failed flag of the jet
+// balance's search at the stage's pressures: the very search that sized the
+// stage, whose motive ratio then stands unconverged.
+int16_t StageCurves(DesignContext& ctx, int c);
 
 // Ejector body dimensions A, B, C into STG rows 8 to 10.
 void EjectorDimensions(DesignContext& ctx, int stage);
