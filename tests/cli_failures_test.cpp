@@ -109,6 +109,9 @@ TEST_F(Failures, DesignsThatEndWithAnErrorFlagExitWithThree) {
   EXPECT_NE(doc["failed"], 0);
   EXPECT_EQ(doc["errors"].size(), 1u);
   EXPECT_EQ(Kestrane(Pgm() + "stage 50 200 150 0 100").exit_code, 0);
+  const auto overflow = Kestrane(Pgm() + "stage 50 200 150 0 3e38 --json");
+  EXPECT_EQ(overflow.exit_code, 3);
+  EXPECT_EQ(nlohmann::json::parse(overflow.out)["error"], "The stage could not be designed: Run-time error 6: Overflow");
 }
 
 TEST_F(Failures, CaseNumbersBeyondTheirRangeAreRefusedByTheCheck) {

@@ -85,51 +85,80 @@ nlohmann::json CaseJson(const DesignCase& dc, const PumpData& pumps, const Desig
   return doc;
 }
 
+// One case of a design command: read, check, design, and print it in text mode.
+struct CaseRun {
+  nlohmann::json doc;  // the JSON object of the case
+  int exit_code = kExitDone;
+};
+
+CaseRun DesignOne(Session& session, const std::string& file, const DesignArgs& args) {
+  CaseRun run;
+  CliUi ui(args.json);
+  InputScreen screen = NewCase();
+  if (!OpenCase(file, screen, ui)) {
+    run.doc = {{"case", file}, {"error", "The case could not be read."}, {"notices", ui.notices}};
+    run.exit_code = kExitUsage;
+    return run;
+  }
+  DesignCase& dc = session.design;
+  DesignContext ctx{dc, session.data, screen, session.PINTERFIX, ui};
+  DesignOutcome outcome;
+  std::string text;
+  std::vector<std::vector<std::string>> grid;
+  try {
+    outcome = RunDesign(ctx, screen);
+    if (outcome.results) text = ResultsText(FillResults(ctx, screen.Metric()));
+    grid = DebuggerGrid(ctx);
+  } catch (const VbError& e) {
+    // Whatever no step of the run trapped ends this case, never the others.
+    outcome.errors.push_back(RunTimeErrorText(e));
+    outcome.results = false;
+  }
+  if (outcome.results && session.data.internal_mode == 2) WriteGridCsv(grid, GridCsvPath(), ui);
+  if (outcome.input_error != 0) {
+    run.exit_code = kExitRefused;
+  } else if (!outcome.errors.empty()) {
+    run.exit_code = kExitDesignError;
+  }
+  if (args.json) {
+    run.doc = CaseJson(dc, session.data.pumps, outcome, ui, text);
+    run.doc["case"] = file;
+    run.doc["PINTERFIX"] = JsonSingle(session.PINTERFIX);
+    run.doc["errors"] = outcome.errors;
+    if (args.grid) run.doc["grid"] = grid;
+    return run;
+  }
+  if (args.files.size() > 1) std::printf("== %s\n", screen.CASENAME.c_str());
+  if (outcome.input_error != 0) return run;
+  if (!outcome.lblMessage.empty()) std::printf("%s\n", outcome.lblMessage.c_str());
+  std::printf("%s", text.c_str());
+  if (args.grid) {
+    for (const auto& row : grid) {
+      std::string line;
+      for (const auto& cell : row) {
+        std::string padded(20, ' ');
+        PlaceInField(-1, padded, cell, 1);
+        line += padded;
+      }
+      std::printf("%s\n", RTrim(line).c_str());
+    }
+  }
+  for (const std::string& error : outcome.errors) std::fprintf(stderr, "Design error: %s\n", error.c_str());
+  return run;
+}
+
 int Design(const GlobalOptions& options, const DesignArgs& args) {
   auto session = MakeSession(options);
   CliUi load_ui(args.json);
-  if (!LoadDesignData(*session, load_ui)) return kExitUsage;
+  LoadDesignData(*session, load_ui);
   nlohmann::json docs = nlohmann::json::array();
+  // The status is the worst of the cases': a usage or file error, a refused input, a design error.
   int exit_code = kExitDone;
+  const auto rank = [](int code) { return code == kExitUsage ? 3 : code == kExitRefused ? 2 : code == kExitDesignError ? 1 : 0; };
   for (const std::string& file : args.files) {
-    CliUi ui(args.json);
-    InputScreen screen = NewCase();
-    if (!OpenCase(file, screen, ui)) {
-      if (args.json) docs.push_back({{"case", file}, {"notices", ui.notices}});
-      exit_code = kExitUsage;
-      continue;
-    }
-    DesignCase& dc = session->design;
-    DesignContext ctx{dc, session->data, screen, session->PINTERFIX, ui};
-    const DesignOutcome outcome = RunDesign(ctx, screen);
-    std::string text;
-    if (outcome.results) text = ResultsText(FillResults(ctx, screen.Metric()));
-    const auto grid = DebuggerGrid(ctx);
-    if (outcome.results && session->data.internal_mode == 2) WriteGridCsv(grid, GridCsvPath(), ui);
-    if (outcome.input_error != 0 && exit_code == kExitDone) exit_code = kExitRefused;
-    if (args.json) {
-      nlohmann::json doc = CaseJson(dc, session->data.pumps, outcome, ui, text);
-      doc["case"] = file;
-      doc["PINTERFIX"] = JsonSingle(session->PINTERFIX);
-      if (args.grid) doc["grid"] = grid;
-      docs.push_back(doc);
-      continue;
-    }
-    if (args.files.size() > 1) std::printf("== %s\n", screen.CASENAME.c_str());
-    if (outcome.input_error != 0) continue;
-    if (!outcome.lblMessage.empty()) std::printf("%s\n", outcome.lblMessage.c_str());
-    std::printf("%s", text.c_str());
-    if (args.grid) {
-      for (const auto& row : grid) {
-        std::string line;
-        for (const auto& cell : row) {
-          std::string padded(20, ' ');
-          PlaceInField(-1, padded, cell, 1);
-          line += padded;
-        }
-        std::printf("%s\n", RTrim(line).c_str());
-      }
-    }
+    CaseRun run = DesignOne(*session, file, args);
+    if (rank(run.exit_code) > rank(exit_code)) exit_code = run.exit_code;
+    if (args.json) docs.push_back(std::move(run.doc));
   }
   if (args.json) PrintJson(docs.size() == 1 ? docs[0] : docs);
   return exit_code;
@@ -138,11 +167,18 @@ int Design(const GlobalOptions& options, const DesignArgs& args) {
 int Stage(const GlobalOptions& options, const StageArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(args.json);
-  if (!LoadDesignData(*session, ui)) return kExitUsage;
+  LoadDesignData(*session, ui);
   const InputScreen screen = NewCase();
   DesignContext ctx{session->design, session->data, screen, session->PINTERFIX, ui};
-  const StageDesign st = DesignStage(ctx, args.pin, args.pout, args.pmotive, args.tmotive, args.ve);
+  StageDesign st;
+  try {
+    st = DesignStage(ctx, args.pin, args.pout, args.pmotive, args.tmotive, args.ve);
+  } catch (const VbError& e) {
+    Fail(kExitDesignError, "The stage could not be designed: " + RunTimeErrorText(e), ui);
+  }
   const JetBalanceData& b = st.balance;
+  const std::string failure =
+      b.failed != 0 ? "The jet balance of the stage did not converge: its results are those of the last trial." : "";
   if (args.json) {
     PrintJson({{"ML", JsonSingle(st.ML)},
                {"THROAT", JsonSingle(st.THROAT)},
@@ -158,13 +194,15 @@ int Stage(const GlobalOptions& options, const StageArgs& args) {
                {"compressionRatio", JsonSingle(b.compressionRatio)},
                {"entropyIndex", JsonSingle(b.entropyIndex)},
                {"failed", b.failed},
+               {"errors", failure.empty() ? nlohmann::json::array() : nlohmann::json::array({failure})},
                {"notices", ui.notices}});
   } else {
     std::printf("ML        %s\nTHROAT    %s in\nSIZE      %s\nEFF       %s %%\nmotive    %s lb/hr\n",
                 GeneralText(st.ML).c_str(), GeneralText(st.THROAT).c_str(), GeneralText(st.SIZE).c_str(),
                 GeneralText(st.EFF).c_str(), GeneralText(st.ML * args.ve).c_str());
+    if (!failure.empty()) std::fprintf(stderr, "Design error: %s\n", failure.c_str());
   }
-  return kExitDone;
+  return failure.empty() ? kExitDone : kExitDesignError;
 }
 
 }  // namespace
@@ -179,11 +217,11 @@ void AddDesignCommands(CLI::App& app, const GlobalOptions& options, int& exit_co
 
   auto stage_args = std::make_shared<StageArgs>();
   auto* stage = app.add_subcommand("stage", "Size one ejector stage for a load");
-  stage->add_option("PIN", stage_args->pin, "Suction pressure, mmHgA")->required();
-  stage->add_option("POUT", stage_args->pout, "Discharge pressure, mmHgA")->required();
-  stage->add_option("PMOTIVE", stage_args->pmotive, "Motive pressure, psig")->required();
-  stage->add_option("TMOTIVE", stage_args->tmotive, "Motive temperature, degF (0 saturated)")->required();
-  stage->add_option("VE", stage_args->ve, "Water vapor equivalent load, lb/hr")->required();
+  stage->add_option("PIN", stage_args->pin, "Suction pressure, mmHgA")->required()->check(SingleNumber());
+  stage->add_option("POUT", stage_args->pout, "Discharge pressure, mmHgA")->required()->check(SingleNumber());
+  stage->add_option("PMOTIVE", stage_args->pmotive, "Motive pressure, psig")->required()->check(SingleNumber());
+  stage->add_option("TMOTIVE", stage_args->tmotive, "Motive temperature, degF (0 saturated)")->required()->check(SingleNumber());
+  stage->add_option("VE", stage_args->ve, "Water vapor equivalent load, lb/hr")->required()->check(SingleNumber());
   stage->add_flag("--json", stage_args->json, "Print the stage and its balance as JSON");
   stage->callback([&options, &exit_code, stage_args] { exit_code = Stage(options, *stage_args); });
 }
