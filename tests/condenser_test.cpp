@@ -23,13 +23,16 @@ class Condensers : public ::testing::Test {
  protected:
   Condensers() : screen(NewCase()), ctx{dc, kestrane::testing::ShippedData(), screen, pinterfix, ui} {}
 
-  bool Design(const std::string& file) {
+  bool Design(const std::string& file, bool tube_side = false) {
     dc = DesignCase();
     InputScreen read = NewCase();
     RecordingUi read_ui;
     if (!OpenCase(kExamples / file, read, read_ui)) return false;
     screen = read;
-    return RunDesign(ctx, screen).input_error == 0;
+    // Condensing in the tubes, chosen on the input screen as a user would.
+    if (tube_side) SelectOption(screen, screen.OptionCondenserType, 1);
+    outcome = RunDesign(ctx, screen);
+    return outcome.input_error == 0;
   }
   std::vector<int> Present() const {
     std::vector<int> cols;
@@ -50,7 +53,18 @@ class Condensers : public ::testing::Test {
   float pinterfix = 0;
   DesignContext ctx;
   std::string reason = "not set";  // what ended the last Redesign
+  DesignOutcome outcome;             // of the last Design
 };
+
+// Water side heat over the duty of a condenser.
+float HeatBalance(const DesignCase& dc, int col) {
+  float cp = 0, sg = 0, k = 0, mu = 0;
+  int16_t err = 0;
+  WaterProperties((dc.CND(col, kCndWATERIN) + dc.CND(col, kCndWATEROUT)) / 2, cp, sg, k, mu, err);
+  const float water_heat =
+      dc.CND(col, kCndGPMUSE) * 500 * sg * cp * (dc.CND(col, kCndWATEROUT) - dc.CND(col, kCndWATERIN));
+  return water_heat / dc.CND(col, kCndQUSE);
+}
 
 const char* kSurfaceExamples[] = {"AUTOMATIC-SURFACE.JET", "FOUR-STAGE-SURFACE.JET", "METRIC-TWO-STAGE.JET",
                                   "SOLVENT-LOADS-THREE-STAGE.JET", "TWO-STAGE-PRECONDENSER.JET"};
@@ -236,4 +250,115 @@ TEST_F(Condensers, BarometricSizeBetweenRowsIsInterpolatedAndCastIronIsLimited) 
   EXPECT_EQ(cast.OD, 18);
   EXPECT_EQ(ui.notices, std::vector<std::string>{" BAROMETRIC SIZE NOT AVAILABLE IN CAST IRON!"});
   for (int k = 1; k <= 7; ++k) EXPECT_EQ(cast.baro[static_cast<size_t>(k)], 0);
+}
+
+// --- Condensing in the tubes ----------------------------------------------------
+
+namespace {
+
+// The checks every condenser designed with condensing in the tubes must pass.
+void ExpectTubeSideDesign(const DesignCase& dc, int col, const std::string& where) {
+  const auto cnd = [&](int row) { return dc.CND(col, row); };
+  EXPECT_EQ(cnd(kCndIVERT), 1) << where;
+  EXPECT_GT(cnd(kCndQTOTAL), 0) << where;
+  EXPECT_GT(cnd(kCndQSUB), 0) << where << ": the condensate is subcooled in the tubes";
+  EXPECT_EQ(cnd(kCndQUSE), cnd(kCndQTOTAL) + cnd(kCndQSUB)) << where;
+  // The water in the shell carries the duty, subcooling included.
+  EXPECT_NEAR(HeatBalance(dc, col), 1.0, 0.002) << where;
+  const float required = cnd(kCndAREQSTM) + cnd(kCndAREQVAP) + cnd(kCndAREQSUB);
+  EXPECT_GT(cnd(kCndAREQSUB), 0) << where;
+  EXPECT_GE(cnd(kCndAREA), required) << where << ": the surface covers what the duty needs";
+  EXPECT_NEAR(cnd(kCndAREA), cnd(kCndTL) * cnd(kCndTUBES) * 0.75f / 12 * 3.14159265f, 1e-3) << where;
+  EXPECT_EQ(std::fmod(cnd(kCndTL), 2.0f), 0) << where;
+  EXPECT_GE(cnd(kCndPCTQ), 0.99) << where;
+  EXPECT_LE(cnd(kCndPCTQ), 1.01) << where;
+  EXPECT_GT(cnd(kCndOD), 0) << where;
+  EXPECT_LE(cnd(kCndOD), 120) << where;
+  EXPECT_EQ(std::fmod(cnd(kCndOD), 2.0f), 0) << where;
+  EXPECT_GE(cnd(kCndDOMECALC), 0) << where << ": the kept shell holds its tubes";
+  EXPECT_GT(cnd(kCndVEL), 0) << where;
+  EXPECT_GT(cnd(kCndDELTAP), 0) << where << ": the shell side drop of the water";
+  EXPECT_GT(cnd(kCndUD), 20) << where;
+  EXPECT_LT(cnd(kCndUD), 400) << where;
+}
+
+}  // namespace
+
+TEST_F(Condensers, TubeSideExampleDesignsEveryCondenser) {
+  ASSERT_TRUE(Design("TWO-STAGE-SURFACE-TUBE-SIDE.JET"));
+  ASSERT_EQ(dc.CNDTS, 1);
+  EXPECT_EQ(outcome.errors, std::vector<std::string>{});
+  EXPECT_TRUE(ui.notices.empty()) << (ui.notices.empty() ? "" : ui.notices[0]);
+  ASSERT_EQ(Present(), (std::vector<int>{kCondC2, kCondAC}));
+  for (int col : Present()) ExpectTubeSideDesign(dc, col, "column " + std::to_string(col));
+}
+
+TEST_F(Condensers, ThreeStageSolventCaseDesignsAllCondensersWithCondensingInTheTubes) {
+  ASSERT_TRUE(Design("SOLVENT-LOADS-THREE-STAGE.JET", true));
+  ASSERT_EQ(dc.CNDTYPE, 1);
+  ASSERT_EQ(dc.CNDTS, 1);
+  EXPECT_EQ(outcome.errors, std::vector<std::string>{});
+  EXPECT_TRUE(outcome.results);
+  ASSERT_EQ(Present(), (std::vector<int>{kCondC1, kCondC2, kCondAC}));
+  for (int col : Present()) {
+    ExpectTubeSideDesign(dc, col, "column " + std::to_string(col));
+    EXPECT_GT(dc.CND(col, kCndPPHCVIN), 0) << col << ": the solvent vapors reach every condenser";
+  }
+  EXPECT_GT(dc.TOTALS(kTotalWater), 0);
+}
+
+TEST_F(Condensers, AKeptShellThatLosesItsDomeIsWarned) {
+  ASSERT_TRUE(Design("TWO-STAGE-SURFACE-TUBE-SIDE.JET"));
+  // The closing tests fill the kept shell with tubes: no room is left for the inlet dome.
+  std::array<int16_t, 14> warnings{};
+  ASSERT_EQ(Redesign(kCondC2, warnings), 0) << reason;
+  EXPECT_GT(dc.CND(kCondC2, kCndDOME), dc.CND(kCondC2, kCndDOMECALC));
+  EXPECT_EQ(warnings[2], 3);
+  EXPECT_EQ(warnings[0], 0) << "the area is not short";
+  EXPECT_EQ(warnings[1], 0) << "no shell was asked for";
+  // Condensing on the shell side has no dome: the same loads give no such warning.
+  dc.CNDTS = 0;
+  warnings.fill(0);
+  ASSERT_EQ(Redesign(kCondC2, warnings), 0) << reason;
+  EXPECT_EQ(dc.CND(kCondC2, kCndDOME), 0);
+  EXPECT_EQ(warnings[2], 0);
+}
+
+TEST_F(Condensers, AForcedShellStandsWhileItHoldsTheTubesAndIsDroppedWhenItDoesNot) {
+  std::array<int16_t, 14> warnings{};
+  CondenserRun run(ctx, warnings);
+  run.tube_side = true;
+  run.PASS = 1;
+  run.TUBES = 100;
+  SelectShell(run);
+  const float first = run.OD;
+  const float room = run.DOMECALC;
+  ASSERT_GE(run.NMAX, run.TUBES);
+  EXPECT_EQ(run.forced_shell, 0) << "nothing forced, nothing kept by the selection itself";
+
+  // The same shell forced: a dome it cannot give does not grow it while it holds the tubes.
+  run.forced_shell = first;
+  run.DOME = room + 50;
+  SelectShell(run);
+  EXPECT_EQ(run.OD, first);
+  EXPECT_EQ(run.forced_shell, first);
+  EXPECT_LT(run.DOMECALC, run.DOME);
+  EXPECT_GE(run.DOMECALC, 0);
+
+  // Without the forcing the dome grows the shell.
+  run.forced_shell = 0;
+  run.OTL = 0;
+  SelectShell(run);
+  EXPECT_GT(run.OD, first);
+  EXPECT_GE(run.DOMECALC, run.DOME);
+
+  // More tubes than the forced shell holds: the forcing is dropped and the shell grows to hold them.
+  run.forced_shell = first;
+  run.DOME = 0;
+  run.TUBES = 4 * 100;
+  SelectShell(run);
+  EXPECT_EQ(run.forced_shell, 0);
+  EXPECT_GT(run.OD, first);
+  EXPECT_GE(run.NMAX, run.TUBES);
+  EXPECT_GE(run.DOMECALC, 0);
 }

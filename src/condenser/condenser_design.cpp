@@ -282,7 +282,7 @@ Outcome Run(CondenserRun& run, float dia1, float dia2) {
     SizeBarometric(run);
   } else {
     if (run.AREA < run.AREQ + run.AREQSUB) Warn(run, 1);
-    if (run.in[1] > 0 && CInt(run.in[1]) != CInt(run.OD)) Warn(run, 2);
+    if (run.in[1] > 0 && CInt(run.forced_shell) != CInt(run.OD)) Warn(run, 2);
     if (run.DOME > run.DOMECALC) Warn(run, 3);
   }
   if (run.T1 > run.tube_design_t) Warn(run, 9);

@@ -59,6 +59,9 @@ struct CondenserRun {
   // Tubes and shell.
   float ID = 0, WALL_RESIST = 0, surface_per_ft = 0, tube_flow_factor = 0, tube_area = 0;
   float OD = 0, shell_od = 0, shell_wall = 0, OTL = 0, NMAX = 0, TL = 0, TUBES = 0, PASS = 0;
+  // The shell kept through the sizing loop (nominal in.; 0 none): cleared at each pass restart; with
+  // condensing in the tubes the first shell of a pass is kept until it no longer holds the tubes.
+  float forced_shell = 0;
   int lanes1 = 0, lanes2 = 0;
   float TWALL = 0;
   float VEL = 0, VTUBES = 0, HT = 0, AREA = 0, AREQ = 0, AREQSUB = 0, AREQSTM = 0, AREQVAP = 0;
@@ -91,7 +94,9 @@ PassLayout AdjustPasses(const CondenserRun& run, float passes);
 float TubeCount(const CondenserRun& run, float d, float passes, int lanes1, int lanes2);
 // The circle through the outer tube centres that holds a tube count.
 float TubeCircle(const CondenserRun& run, float tubes, float passes, int lanes1, int lanes2);
-// Shell selection for TUBES with the domes DOME and DOMEOUT; a forced shell when in[1] is positive.
+// Shell selection for TUBES with the domes DOME and DOMEOUT. A forced shell (forced_shell above 1) stands
+// unless it no longer holds TUBES or its dome area goes negative; then it is dropped (set to 0) and the
+// shell grows from it. With condensing in the tubes a tube limit OTL from the previous call stands.
 void SelectShell(CondenserRun& run);
 // Vapor escape area of shell side condensing.
 void VaporEscapeArea(CondenserRun& run);

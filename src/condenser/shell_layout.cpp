@@ -99,7 +99,9 @@ float TubeCircle(const CondenserRun& run, float tubes, float passes, int lanes1,
 
 void SelectShell(CondenserRun& run) {
   const auto& clearance = run.ctx.data.constants.CLEARANCE;
-  float otl = TubeCircle(run, run.TUBES, run.PASS, run.lanes1, run.lanes2) + run.TOD;
+  // The tube limit comes from the tube count unless the tube side keeps the one of its previous call.
+  const bool limit_known = run.tube_side && run.OTL >= 0.1;
+  float otl = limit_known ? run.OTL : TubeCircle(run, run.TUBES, run.PASS, run.lanes1, run.lanes2) + run.TOD;
   float c = Interp(clearance, otl);
   Pipe pipe = PipeLookup(run.ctx, c + otl - 0.1f);
   run.OD = pipe.nominal;
@@ -108,9 +110,9 @@ void SelectShell(CondenserRun& run) {
     run.OD = MaxOf(run.OD, 6.0f);
     pipe = PipeByNominal(run.ctx, run.OD, PipeRules::kCondenser);
   }
-  bool forced = run.in[1] > 1;
+  bool forced = run.forced_shell > 1;
   for (int growth = 0; growth < kMaxShellGrowth; ++growth) {
-    if (forced) run.OD = run.in[1];
+    if (forced) run.OD = run.forced_shell;
     if (forced || growth > 0) {
       pipe = PipeByNominal(run.ctx, run.OD, PipeRules::kCondenser);
       c = Interp(clearance, pipe.od);
@@ -127,8 +129,9 @@ void SelectShell(CondenserRun& run) {
     }
     if (forced) {
       if (run.NMAX < run.TUBES || run.DOMECALC < 0) {
+        // The forced shell no longer serves: drop it and grow from here.
         forced = false;
-        run.in[1] = 0;
+        run.forced_shell = 0;
         continue;
       }
       return;

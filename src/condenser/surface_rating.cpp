@@ -198,6 +198,7 @@ void RateSurfaceCondenser(CondenserRun& run) {
     if (next == Next::kPassRestart) {
       counter = 0;
       tlt = 0;
+      run.forced_shell = 0;
       run.TUBES = 0;
       run.TL = 0;
       run.VEL = 5.0f;
@@ -234,6 +235,9 @@ void RateSurfaceCondenser(CondenserRun& run) {
     }
 
     SelectShell(run);
+    // Condensing in the tubes keeps the pass's first shell: the closing tests fill it with tubes rather than
+    // grow it again for the dome those tubes take.
+    if (run.tube_side && !(run.forced_shell > 1)) run.forced_shell = run.OD;
     const float shell_bore = run.shell_od - 2 * run.shell_wall;
     if (run.tube_side) {
       Baffles(run, 3.0f);
@@ -353,7 +357,7 @@ void RateSurfaceCondenser(CondenserRun& run) {
 
     const float r = std::fabs(run.AREA / (run.AREQ + run.AREQSUB));
     const bool done = in_tubes ? ((r >= 0.99 && r <= 1.01) || nspec > 0 || sspec > 0)
-                               : (r >= 0.99 || run.in[1] > 1 || nspec > 0);
+                               : (r >= 0.99 || run.forced_shell > 1 || nspec > 0);
     if (done) break;
     const float dn = ((run.AREQ + run.AREQSUB) / run.AREA) * run.TUBES - run.TUBES;
     if ((dn >= 0 && std::fabs(dn) < 2 * run.PASS) || run.TUBES + dn < 6) break;
