@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <sstream>
 
@@ -101,7 +102,26 @@ class PumpTrain : public PumpSelection {
     dc = DesignCase();
     return RunDesign(ctx, screen);
   }
+  // An example with boxes typed anew, designed in a fresh record with the interface's record cleared.
+  DesignOutcome DesignEdited(const std::string& file, const std::function<void(InputScreen&)>& edit) {
+    InputScreen read = NewCase();
+    EXPECT_TRUE(OpenCase(kExamples / file, read, ui));
+    edit(read);
+    ui = RecordingUi();
+    screen = read;
+    dc = DesignCase();
+    return RunDesign(ctx, screen);
+  }
+  // How many times the catalogue was searched for a pump in the last design.
+  long Selections() const {
+    return std::count(ui.progresses.begin(), ui.progresses.end(), "Analyzing Vacuum Pump Selections...... ");
+  }
 };
+
+// The two stage pump example at another cooling water temperature (degF).
+std::function<void(InputScreen&)> CoolingWater(const char* twater) {
+  return [twater](InputScreen& s) { s.txtInput[5] = twater; };
+}
 
 }  // namespace
 
@@ -466,4 +486,67 @@ TEST_F(PumpTrain, EveryExampleWithAPumpAddedEndsCleanly) {
       EXPECT_GE(dc.STG(kStageC, kStgML), 1.1f * 0.9999f);
     }
   }
+}
+
+// Warm cooling water leaves the pump little margin to its seal water's vapor pressure: below the
+// start pressure the pump fails, the bisection closes on the pump's lowest inlet, and after its 50
+// rounds the upper end climbs 1 mmHg a round until the pump holds again.
+TEST_F(PumpTrain, WarmWaterTrainsClimbUntilThePumpHolds) {
+  for (const char* twater : {"90", "105", "120"}) {
+    SCOPED_TRACE(std::string("cooling water ") + twater + " F");
+    const DesignOutcome outcome = DesignEdited("TWO-STAGE-LRVP.JET", CoolingWater(twater));
+    EXPECT_EQ(dc.LRVPERR, 0);
+    EXPECT_TRUE(outcome.results) << outcome.lblMessage;
+    EXPECT_GE(dc.STG(kStageC, kStgSIZE), 1.0f);
+    EXPECT_GT(dc.STG(kStageC, kStgML), 0.0f);
+    EXPECT_GT(dc.STG(kStageB, kStgMOTIVE), 0.0f);
+    // The seal water stays more than 5 mmHg below the pump's suction: the pump holds.
+    EXPECT_GT(dc.STG(kStageC, kStgPIN) - dc.LRVPRES(kLrvpSealPsat, 1), 5.0f);
+    // The pump's suction is that of the intercondenser behind stage B.
+    EXPECT_NEAR(dc.STG(kStageC, kStgPIN), dc.STG(kStageB, kStgPOUT) * 0.95f, 1e-3);
+    // More than the 50 rounds of one bisection, far from endless.
+    EXPECT_GT(Selections(), 51);
+    EXPECT_LT(Selections(), 500);
+  }
+}
+
+// The climb ends at the first pressure where the pump holds, even when its capacity ratio is
+// then outside the band: 90 F water leaves the pump below it, 120 F far above it.
+TEST_F(PumpTrain, TheClimbEndsWhereThePumpFirstHoldsWhateverItsRatio) {
+  DesignEdited("TWO-STAGE-LRVP.JET", CoolingWater("90"));
+  ASSERT_EQ(dc.LRVPERR, 0);
+  EXPECT_LT(dc.STG(kStageC, kStgML), dc.LRVPMLMIN * 0.99f);
+  // Half a millimetre of mercury a round: the climb stopped within one step of the pump's limit.
+  const float margin90 = dc.STG(kStageC, kStgPIN) - dc.LRVPRES(kLrvpSealPsat, 1);
+  EXPECT_LT(margin90, 6.5f);
+  DesignEdited("TWO-STAGE-LRVP.JET", CoolingWater("120"));
+  ASSERT_EQ(dc.LRVPERR, 0);
+  EXPECT_GE(dc.STG(kStageC, kStgML), dc.LRVPMLMIN * 1.15f);
+}
+
+// The cold water example needs no climb: its pump settles in the band by bisection alone.
+TEST_F(PumpTrain, ColdWaterSettlesInTheBandWithoutClimbing) {
+  DesignEdited("TWO-STAGE-LRVP.JET", CoolingWater("75"));
+  ASSERT_EQ(dc.LRVPERR, 0);
+  EXPECT_GE(dc.STG(kStageC, kStgML), dc.LRVPMLMIN * 0.99f);
+  EXPECT_LT(dc.STG(kStageC, kStgML), dc.LRVPMLMIN * 1.15f);
+  EXPECT_LT(Selections(), 51);
+}
+
+// A pump alone sets no suction or discharge temperature: the record's cleared ones stand, and its
+// suction pipe is sized for the gas at that temperature.
+TEST_F(PumpTrain, APumpAloneLeavesTheStageTemperaturesAndItsSuctionPipeFollows) {
+  const DesignOutcome outcome = Design("LRVP-ONLY-50HZ.JET");
+  ASSERT_TRUE(outcome.results);
+  ASSERT_EQ(dc.NSTAGES, 1);
+  EXPECT_EQ(dc.STG(kStageC, kStgTS), 0.0f);
+  EXPECT_EQ(dc.STG(kStageC, kStgTD), 0.0f);
+  EXPECT_EQ(dc.STG(kStageC, kStgDIAS), 4.0f);
+  EXPECT_EQ(dc.STG(kStageC, kStgDIAD), 0.0f);
+  EXPECT_LE(dc.STG(kStageC, kStgVELS), 50.0f);
+  // Behind stage B the pump takes the intercondenser's temperature.
+  Design("TWO-STAGE-LRVP.JET");
+  ASSERT_EQ(dc.LRVPERR, 0);
+  EXPECT_EQ(dc.STG(kStageC, kStgTS), dc.TSATC2);
+  EXPECT_EQ(dc.STG(kStageC, kStgTD), dc.LRVPRES(kLrvpSealOut, 1));
 }

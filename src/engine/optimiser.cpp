@@ -27,7 +27,7 @@ void DesignSingleStage(DesignContext& ctx, float pin, float pout, float t, LoadV
   DesignCase& dc = ctx.dc;
   const float ve = VaporEquivalent(ctx, loads, t);
   if (dc.USELRVP == 1) {
-    PumpSingleStage(ctx, pin, pout, t, ve, loads);
+    PumpSingleStage(ctx, pin, pout, ve, loads);
     return;
   }
   const StageTrial c = TryStage(ctx, pin, pout, ve, t, kMarginC, true);

@@ -14,17 +14,17 @@ namespace kestrane {
 
 namespace {
 
+// The bisection of the B-C pressure: after this many rounds a pump that holds ends it, and a
+// pump that fails moves the upper end up 1 mmHg a round until it holds.
 constexpr int kBisectRounds = 50;
+// The trial of a two-stage pump as alternative ends after this many rounds, whatever the pump does.
 constexpr int kAlternativeRounds = 20;
 constexpr int kAlternativesLooked = 10;
-// A bisection whose pump keeps failing moves its upper end up 1 mmHg after each
-// 50 rounds; after this many moves the pump is given up as a pump error.
-constexpr int kRestarts = 100;
 
 float DischargePsig(float pout) { return static_cast<float>(pout / 51.7144 - 14.696); }
 
 // Stage C as the pump: no motive, its capacity ratio as ML, its catalogue index as SIZE.
-void StorePump(DesignCase& dc, float pin, float pout, float ve, float ts, const LoadVector& loads) {
+void StorePump(DesignCase& dc, float pin, float pout, float ve, const LoadVector& loads) {
   dc.STG(kStageC, kStgPIN) = pin;
   dc.STG(kStageC, kStgPOUT) = pout;
   dc.STG(kStageC, kStgMOTIVE) = 0;
@@ -32,8 +32,6 @@ void StorePump(DesignCase& dc, float pin, float pout, float ve, float ts, const 
   dc.STG(kStageC, kStgSIZE) = CInt(dc.LRVPRES(kLrvpPump, 1));
   dc.STG(kStageC, kStgTHROAT) = 0;
   dc.STG(kStageC, kStgVE) = ve;
-  dc.STG(kStageC, kStgTS) = ts;
-  dc.STG(kStageC, kStgTD) = dc.LRVPRES(kLrvpSealOut, 1);  // the gas leaves at the seal water's temperature
   for (int k = 1; k <= 7; ++k) dc.VELFLAG(kStageC, k) = 0;
   StoreLoads(dc, kStageC, loads);
 }
@@ -66,9 +64,16 @@ PumpTrial Candidate(const PumpSearch& s, float pb, int16_t pump) {
   return trial;
 }
 
+// How a bisection ends once its rounds are spent.
+enum class RoundsSpent {
+  kClimb,  // a failing pump raises the upper end 1 mmHg a round until it holds
+  kStop,   // the trial ends where it stands
+};
+
 // Bisects the B-C pressure for one pump between its lowest inlet and the pressure of `trial`
-// until its capacity ratio lies in the band. gave_up when the pump fails at every pressure tried.
-PumpTrial Bisect(const PumpSearch& s, PumpTrial trial, int16_t pump, int limit, bool& gave_up) {
+// until its capacity ratio lies in the band. gave_up when the upper end of a climb reaches the
+// discharge pressure with the pump still failing.
+PumpTrial Bisect(const PumpSearch& s, PumpTrial trial, int16_t pump, int limit, RoundsSpent spent, bool& gave_up) {
   const DesignCase& dc = s.ctx.dc;
   const float low = dc.LRVPMLMIN * 0.99f, high = dc.LRVPMLMIN * 1.15f;
   auto in_band = [&](const PumpTrial& tr) { return tr.err == 0 && tr.ratio() >= low && tr.ratio() < high; };
@@ -79,24 +84,22 @@ PumpTrial Bisect(const PumpSearch& s, PumpTrial trial, int16_t pump, int limit, 
   if (dc.HASC2 > 0) pe /= 0.95f;
   const float pfloor = pe;
   float ps = trial.pb;
-  int rounds = 0, restarts = 0;
-  for (;;) {
+  for (int rounds = 1;; ++rounds) {
     const float pb = (pe + ps) / 2;
     trial = Candidate(s, pb, pump);
-    ++rounds;
     if (trial.err == 0 && std::fabs(ps - pe) < 0.2f) break;
     if (pb < pfloor) {
       pe = std::max(pe, pfloor);
       ps = std::max(ps, pfloor);
     }
     if (rounds >= limit) {
-      if (trial.err == 0) break;
-      if (++restarts > kRestarts) {
+      if (trial.err == 0 || spent == RoundsSpent::kStop) break;
+      ps += 1;
+      // Above the discharge there is no train: the pump fails at every pressure it can have.
+      if (ps >= s.pout) {
         gave_up = true;
         break;
       }
-      ps += 1;
-      rounds = 0;
       continue;
     }
     if (trial.err == 0 && trial.ratio() < low) {
@@ -121,13 +124,14 @@ int16_t TwoStageAlternative(const PumpData& pumps, const PumpTrial& first) {
 
 }  // namespace
 
-bool PumpSingleStage(DesignContext& ctx, float pin, float pout, float t, float ve, const LoadVector& loads) {
+bool PumpSingleStage(DesignContext& ctx, float pin, float pout, float ve, const LoadVector& loads) {
   int16_t count = 0;
   if (AnalysePump(ctx, pin, DischargePsig(pout), loads, 0, count) > 0) {
     ctx.dc.LRVPERR = 1;
     return false;
   }
-  StorePump(ctx.dc, pin, pout, ve, t, loads);
+  // The pump alone keeps the suction and discharge temperatures the record holds.
+  StorePump(ctx.dc, pin, pout, ve, loads);
   return true;
 }
 
@@ -166,13 +170,13 @@ void PumpTwoStage(DesignContext& ctx, float ve, float pin, float pout, float t, 
   const int16_t alternative = TwoStageAlternative(ctx.data.pumps, first);
 
   bool gave_up = false;
-  PumpTrial selected = Bisect(search, first, chosen, kBisectRounds, gave_up);
+  PumpTrial selected = Bisect(search, first, chosen, kBisectRounds, RoundsSpent::kClimb, gave_up);
   if (!gave_up && alternative > 0) {
     const PumpTrial start = Candidate(search, p0, alternative);
-    bool alt_gave_up = false;
-    const PumpTrial alt = Bisect(search, start, alternative, kAlternativeRounds, alt_gave_up);
-    if (!alt_gave_up && alt.err == 0 && alt.ratio() >= dc.LRVPMLMIN * 0.99f && selected.b.motive > alt.b.motive) {
-      selected = Bisect(search, start, alternative, kBisectRounds, gave_up);
+    bool unused = false;
+    const PumpTrial alt = Bisect(search, start, alternative, kAlternativeRounds, RoundsSpent::kStop, unused);
+    if (alt.err == 0 && alt.ratio() >= dc.LRVPMLMIN * 0.99f && selected.b.motive > alt.b.motive) {
+      selected = Bisect(search, start, alternative, kBisectRounds, RoundsSpent::kClimb, gave_up);
     }
   }
   if (gave_up || selected.err > 0) {
@@ -184,7 +188,9 @@ void PumpTwoStage(DesignContext& ctx, float ve, float pin, float pout, float t, 
   best = selected.b.motive;
   dc.LRVPRES = selected.res;
   StoreStage(dc, kStageB, selected.b);
-  StorePump(dc, selected.next.p2, pout, selected.next.ve2, selected.next.t2, selected.loads);
+  StorePump(dc, selected.next.p2, pout, selected.next.ve2, selected.loads);
+  dc.STG(kStageC, kStgTS) = selected.next.t2;
+  dc.STG(kStageC, kStgTD) = selected.res(kLrvpSealOut, 1);  // the gas leaves at the seal water's temperature
   loads = selected.loads;
   dc.CND(kCondC2, kCndPIN) = selected.pb;
   dc.CND(kCondC2, kCndPOUT) = static_cast<float>(selected.pb * 0.95);

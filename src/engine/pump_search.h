@@ -7,8 +7,9 @@
 
 namespace kestrane {
 
-// Stage C is a pump from pin to pout (mmHgA) for the loads at temperature t. false on a pump error (LRVPERR 1).
-bool PumpSingleStage(DesignContext& ctx, float pin, float pout, float t, float ve, const LoadVector& loads);
+// Stage C is a pump from pin to pout (mmHgA) for the loads. The pump alone sets no suction or
+// discharge temperature: those of the record stand. false on a pump error (LRVPERR 1).
+bool PumpSingleStage(DesignContext& ctx, float pin, float pout, float ve, const LoadVector& loads);
 
 // Stage B from pin and the pump as stage C to pout: the B-C pressure starts where the pump's
 // seal water cannot cavitate and is bisected until the pump's capacity ratio lies between
