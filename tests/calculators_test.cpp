@@ -119,7 +119,7 @@ TEST(Nupreir, ExpressionsTooDeepOrTooLongEndInAMessageNotACrash) {
   const std::string deep = std::string(60000, '-') + "1";
   const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(Calc(deep).error, "Out of stack space");
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60)) << "it used to run for a minute, then crash";
   EXPECT_EQ(Calc(std::string(Nupreir::kMaxLength + 1, '1')).error, "Out of stack space");
   // Within the bounds the recursion works as written.
   EXPECT_EQ(Value(std::string(998, '-') + "1"), "1");
@@ -131,6 +131,13 @@ TEST(Nupreir, ExpressionsTooDeepOrTooLongEndInAMessageNotACrash) {
   Nupreir calc(false);
   EXPECT_THROW(calc.EvaluateExpr(deep), VbError);
   EXPECT_EQ(calc.EvaluateExpr("2*3"), 6.0f);
+}
+
+TEST(Nupreir, PiIsTheDoublesTextAndConstantsAreSinglesWithTheirFaults) {
+  EXPECT_EQ(Calc("pi").lines, "\r\npi = \r\n3.141592654 = 3.141593\r\n");
+  EXPECT_EQ(Calc("1e39").error, "Overflow");
+  EXPECT_EQ(Calc("2*x", {{"x", "1e39"}}).error, "Overflow");
+  EXPECT_EQ(Calc("1,000+1").error, "Error evaluating '1,000' as a constant.");
 }
 
 TEST(Nupreir, FunctionsWorkInDegreesOrRadiansWhateverTheCase) {
@@ -256,6 +263,7 @@ TEST(Conversions, TheShownFormDependsOnTheSizeOfTheResult) {
   CvrtCategory same{99, {{"unit", "u", 1, 1, 0, 0}}};
   EXPECT_EQ(CVRT(same, 1, 1, 999.99), "999.9900");
   EXPECT_EQ(CVRT(same, 1, 1, 1000), "1000.00");
+  EXPECT_EQ(CVRT(same, 1, 1, 6894688.35), "6894688.35") << "a Double result keeps its own digits";
   EXPECT_EQ(CVRT(same, 1, 1, 0.5), "0.500000000");
   EXPECT_EQ(CVRT(same, 1, 1, 1), "1.000000");
   EXPECT_EQ(CVRT(same, 1, 1, -5000), "-5000.000000000");  // a negative result counts as small

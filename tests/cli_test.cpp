@@ -363,7 +363,7 @@ TEST_F(CommandLine, CalculatorCommandsPrintWhatTheirWindowsShow) {
   EXPECT_NE(gas.out.find("Volumetric flow   21.78 SCFM"), std::string::npos);
   const CliRun nup = Kestrane(Pgm() + "nupreir 'a*2' --var a=2*pi");
   EXPECT_EQ(nup.exit_code, 0);
-  EXPECT_EQ(nup.out, "\na*2 = \n6.283186 * 2 = 12.56637\n");
+  EXPECT_EQ(nup.out, "\na*2 = \n6.283185 * 2 = 12.56637\n");
   const CliRun bad = Kestrane(Pgm() + "nupreir '(1+2)+(3+4)'");
   EXPECT_EQ(bad.exit_code, 1);
   EXPECT_NE(bad.err.find("Too many )s in '1+2)+(3+4'"), std::string::npos);

@@ -193,11 +193,11 @@ TEST_F(CaseFile, DamagedOrMissingFilesGiveTheirMessageAndKeepWhatWasRead) {
   std::string corrupt = good;
   corrupt.replace(corrupt.find("\r\n-1\r\n"), 6, "\r\nyes\r\n");
   std::string bad_list = good.substr(0, good.size() - 40) + "\r\n 99\r\n";
-  const Damaged cases[] = {{"SHORT.JET", good.substr(0, good.size() / 2), "ReadFile Routine Error: Input past end of file"},
-                           {"CORRUPT.JET", corrupt, "ReadFile Routine Error: Type mismatch"},
-                           {"EMPTY.JET", "", "ReadFile Routine Error: Input past end of file"},
+  const Damaged cases[] = {{"SHORT.JET", good.substr(0, good.size() / 2), "ReadFile Routine Error: 62 Input past end of file"},
+                           {"CORRUPT.JET", corrupt, "ReadFile Routine Error: 13 Type mismatch"},
+                           {"EMPTY.JET", "", "ReadFile Routine Error: 62 Input past end of file"},
                            {"OTHER.JET", ReadBytes(fs::path(KESTRANE_SOURCE_DIR) / "pgmfiles" / "UDV.DTA"),
-                            "ReadFile Routine Error: Input past end of file"}};
+                            "ReadFile Routine Error: 62 Input past end of file"}};
   for (const Damaged& d : cases) {
     WriteBytes(dir / d.name, d.bytes);
     InputScreen s = NewCase();
@@ -211,7 +211,7 @@ TEST_F(CaseFile, DamagedOrMissingFilesGiveTheirMessageAndKeepWhatWasRead) {
   ReadCase(dir / "SHORT.JET", partial, ui);
   EXPECT_EQ(partial.txtHeadingInput[0], "EJ-101") << "what was read stays";
   EXPECT_FALSE(ReadCase(dir / "NONE.JET", partial, ui));
-  EXPECT_EQ(ui.notices.back(), "ReadFile Routine Error: File not found");
+  EXPECT_EQ(ui.notices.back(), "ReadFile Routine Error: 53 File not found");
 }
 
 TEST_F(CaseFile, AFailedSaveReportsAndKeepsThePreviousFile) {
@@ -221,7 +221,7 @@ TEST_F(CaseFile, AFailedSaveReportsAndKeepsThePreviousFile) {
   s.CASEDIRTY = 1;
   RecordingUi ui;
   EXPECT_FALSE(WriteCase(dir / "KEEP.JET", s, ui));
-  EXPECT_EQ(ui.notices, std::vector<std::string>{"WriteFile Routine Error: Path/File access error"});
+  EXPECT_EQ(ui.notices, std::vector<std::string>{"WriteFile Routine Error: 75 Path/File access error"});
   EXPECT_EQ(ReadBytes(dir / "KEEP.JET"), "previous");
   EXPECT_EQ(s.CASEDIRTY, 1);
 }

@@ -275,6 +275,7 @@ TEST(UdvField, TemperaturesRefuseZeroAndOthersMustBePositive) {
   EXPECT_TRUE(UdvFieldAccepted(5, "-10"));
   EXPECT_FALSE(UdvFieldAccepted(2, "0"));
   EXPECT_FALSE(UdvFieldAccepted(4, "-1"));
+  EXPECT_FALSE(UdvFieldAccepted(6, "1,000")) << "thousands commas would read as 1";
   EXPECT_TRUE(UdvFieldAccepted(7, "58.08"));
   EXPECT_FALSE(UdvFieldAccepted(6, "abc"));
 }

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QRegularExpression>
 #include <QMenuBar>
 #include <QShortcut>
 #include <QTextBrowser>
@@ -81,8 +82,12 @@ QString MainWindow::OpenPath(QWidget* parent, const QString& filter) {
 }
 
 QString MainWindow::SavePath(QWidget* parent, const QString& filter) {
-  return QFileDialog::getSaveFileName(parent, "Save File As", QString::fromStdString(session.data.paths.usrfiles.string()),
-                                      filter);
+  QFileDialog dialog(parent, "Save File As", QString::fromStdString(session.data.paths.usrfiles.string()), filter);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  // A name typed without an extension gets the form's own (".JET" from "... (*.JET)").
+  const QRegularExpressionMatch match = QRegularExpression(R"(\*\.(\w+))").match(filter);
+  if (match.hasMatch()) dialog.setDefaultSuffix(match.captured(1));
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 bool MainWindow::Resolve(StoreDecision decision, QWidget* parent, const QString& filter,

@@ -85,7 +85,8 @@ std::string CVRT(const CvrtCategory& category, int from, int to, double x) {
   const double y = ConvertUnits(category, from, to, x);
   // A negative result counts as small.
   const float spec = y >= 1000 ? 20.2f : y >= 100 ? 20.4f : y >= 1 ? 20.6f : 20.9f;
-  return Trim(FormatFixed(static_cast<float>(y), spec));
+  // The result is a Double, shown with its own digits.
+  return Trim(FormatFixedDouble(y, spec));
 }
 
 std::string CategoryName(int number) {

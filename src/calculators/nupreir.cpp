@@ -161,11 +161,14 @@ float Nupreir::EvaluateExpr(const std::string& source) {
   if (found != store_.end()) {
     echo += " " + Trim(found->second);
     variable_used = true;
-    return static_cast<float>(Val(found->second));
+    return Checked(Val(found->second));
   }
-  if (!IsNumeric(text)) throw VbError(kBadConstant, "Error evaluating '" + text + "' as a constant.");
+  // A number with thousands commas would read as its first group: it is not taken as a constant.
+  if (!IsNumeric(text) || text.find(',') != std::string::npos) {
+    throw VbError(kBadConstant, "Error evaluating '" + text + "' as a constant.");
+  }
   echo += " " + text;
-  return static_cast<float>(Val(text));
+  return Checked(Val(text));
 }
 
 bool Evaluate(NupreirScreen& screen, Ui& ui) {
@@ -176,7 +179,7 @@ bool Evaluate(NupreirScreen& screen, Ui& ui) {
   }
   Nupreir calc(screen.radians);
   try {
-    calc.AddVariable("pi", Trim(GeneralText(static_cast<float>(kPi))));
+    calc.AddVariable("pi", Trim(GeneralText(kPi)));  // the Double's text, "3.141592654"
     for (const NupreirVariable& row : screen.variables) {
       const std::string name = Trim(row.name);
       if (!name.empty() && IsNumeric(name)) {

@@ -85,7 +85,7 @@ bool ReadCase(const std::filesystem::path& path, InputScreen& screen, Ui& ui) {
       ReadOlder(in, screen);
     }
   } catch (const VbError& e) {
-    ui.notice("ReadFile Routine Error: " + e.description());
+    ui.notice(TrappedError("ReadFile Routine", e));
     return false;
   }
   screen.CASEDIRTY = 0;
@@ -127,7 +127,7 @@ bool WriteCase(const std::filesystem::path& path, InputScreen& screen, Ui& ui) {
     for (int16_t o : s.OptionOptimize) out.Number(o);
     out.Commit();
   } catch (const VbError& e) {
-    ui.notice("WriteFile Routine Error: " + e.description());
+    ui.notice(TrappedError("WriteFile Routine", e));
     return false;
   }
   screen.CASEDIRTY = 0;

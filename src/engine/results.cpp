@@ -273,7 +273,7 @@ bool WriteGridCsv(const std::vector<std::vector<std::string>>& grid, const std::
     }
     file.Commit();
   } catch (const VbError& e) {
-    ui.notice("WriteFile Routine Error: " + e.description());
+    ui.notice(TrappedError("WriteFile Routine", e));
     return false;
   }
   return true;

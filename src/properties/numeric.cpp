@@ -115,7 +115,11 @@ void RoundUpTo(float& value, float multiple) {
   if (value < old) value += multiple;
 }
 
-std::string FormatFixed(float value, float spec) {
+namespace {
+
+// The field of FormatFixed for a Single or a Double.
+template <typename T>
+std::string FixedField(T value, float spec) {
   float width = Int(spec);
   const int16_t decimals = CInt((spec - width) * 10.0f);
   bool trim = false;
@@ -128,6 +132,11 @@ std::string FormatFixed(float value, float spec) {
   if (static_cast<float>(text.size()) < width) text.insert(0, static_cast<size_t>(width) - text.size(), ' ');
   return trim ? Trim(text) : text;
 }
+
+}  // namespace
+
+std::string FormatFixed(float value, float spec) { return FixedField(value, spec); }
+std::string FormatFixedDouble(double value, float spec) { return FixedField(value, spec); }
 
 std::string FormatBySize(float value, float width) {
   const float w = Int(width);

@@ -62,6 +62,8 @@ float MinOf(float a, float b, Rest... rest) {
 // A number in a field: spec 8.2 means width 8 with 2 decimals, right-justified;
 // a width below 1 (spec 0.3) gives the number alone, trimmed.
 std::string FormatFixed(float value, float spec);
+// FormatFixed of a Double: its 15-digit decimal form is rounded, not a Single's.
+std::string FormatFixedDouble(double value, float spec);
 
 // A number right-justified in a field of the given width, its decimals chosen by its size.
 std::string FormatBySize(float value, float width);

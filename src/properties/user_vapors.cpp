@@ -164,7 +164,8 @@ bool UdvDelete(UserVapors& user, int id, const std::filesystem::path& path, Ui& 
 
 bool UdvFieldAccepted(int index, const std::string& text) {
   if (text.empty()) return true;
-  if (!IsNumeric(text)) return false;
+  // "1,000" would read as 1: a number with commas is refused like any text.
+  if (!IsNumeric(text) || text.find(',') != std::string::npos) return false;
   const double value = Val(text);
   // A temperature of exactly 0 is refused, as it always was.
   if (index == 1 || index == 3 || index == 5) return value != 0;

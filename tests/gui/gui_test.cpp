@@ -1,6 +1,8 @@
 // The desktop windows, driven without a screen: start-up, a design from the input window, metric pairs, a refused input, Nupreir.
 #include "desktop.h"
 
+#include <QFileDialog>
+#include <QTimer>
 #include <fstream>
 
 #include "properties/numeric.h"
@@ -214,6 +216,29 @@ TEST_F(Desktop, TheFileMenuSavesWhereTheCaseCameFromAndNewClearsASavedSheet) {
   action(calc, "&New")->trigger();
   EXPECT_TRUE(fs::exists(folder / "SHEET.GFR"));
   EXPECT_TRUE(calc->model.results.empty());
+  fs::remove_all(folder);
+}
+
+TEST_F(Desktop, SaveAsGivesANameWithoutExtensionTheFormsOwn) {
+  const fs::path folder = fs::temp_directory_path() / ("kestrane_gui_suffix_" + std::to_string(::getpid()));
+  fs::create_directories(folder);
+  // The user types a bare name in the dialog and accepts it.
+  QTimer::singleShot(0, [&] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->setDirectory(QString::fromStdString(folder.string()));
+    dialog->selectFile("CASE");
+    QMetaObject::invokeMethod(dialog, "accept", Qt::DirectConnection);
+  });
+  EXPECT_EQ(window->SavePath(window.get(), "JET Files (*.JET)").toStdString(), (folder / "CASE.JET").string());
+  QTimer::singleShot(0, [&] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->setDirectory(QString::fromStdString(folder.string()));
+    dialog->selectFile("LINE.TDP");
+    QMetaObject::invokeMethod(dialog, "accept", Qt::DirectConnection);
+  });
+  EXPECT_EQ(window->SavePath(window.get(), "TDP Files (*.TDP)").toStdString(), (folder / "LINE.TDP").string());
   fs::remove_all(folder);
 }
 
