@@ -45,7 +45,7 @@ void BM_DesignCase(benchmark::State& state, const char* file) {
   Loaded& d = Data();
   if (!d.ok) return state.SkipWithError("data files not found beside the program");
   InputScreen screen = NewCase();
-  if (!ReadCase(d.data.paths.usrfiles / file, screen, d.ui)) return state.SkipWithError("example case not found");
+  if (!ReadCase(d.data.paths.examples / file, screen, d.ui)) return state.SkipWithError("example case not found");
   for (auto _ : state) {
     DesignCase dc;
     InputScreen s = screen;

@@ -54,7 +54,7 @@ int main(int argc, char** argv) {
 
   auto* input = static_cast<frmJetInput*>(window.PageOf(Form::frmJetInput));
   window.SwapForms(Form::frmAbout, Form::frmJetInput);
-  input->OpenFile(QString::fromStdString((session.data.paths.usrfiles / "SOLVENT-LOADS-THREE-STAGE.JET").string()));
+  input->OpenFile(QString::fromStdString((session.data.paths.examples / "SOLVENT-LOADS-THREE-STAGE.JET").string()));
   const char* tabs[] = {"design-input-main", "design-input-condensible-loads", "design-input-noncondensible-loads",
                         "design-input-condenser", "design-input-ejector"};
   for (int t = 0; t < 5; ++t) {
@@ -85,13 +85,13 @@ int main(int argc, char** argv) {
 
   window.SwapForms(Form::GasMassVol, Form::TCInput);
   auto* tc = static_cast<TCInput*>(window.PageOf(Form::TCInput));
-  tc->OpenFile(QString::fromStdString((session.data.paths.usrfiles / "TC-MEDIUM-RATIO.TTC").string()));
+  tc->OpenFile(QString::fromStdString((session.data.paths.examples / "TC-MEDIUM-RATIO.TTC").string()));
   ok = Save(&window, folder, "thermo-compressor-input") && ok;
   tc->Design();
   ok = Save(&window, folder, "thermo-compressor-results") && ok;
   window.SwapForms(Form::TCform, Form::dpVac);
   auto* dp = static_cast<dpVac*>(window.PageOf(Form::dpVac));
-  ReadDpFile(session.data.paths.usrfiles / "LINE-LOSS-HEI.TDP", dp->model, ui);
+  ReadDpFile(session.data.paths.examples / "LINE-LOSS-HEI.TDP", dp->model, ui);
   dp->Refresh();
   dp->Calculate();
   ok = Save(&window, folder, "gas-pressure-loss") && ok;
@@ -115,7 +115,7 @@ int main(int argc, char** argv) {
 
   window.ShowGoFigure();
   GoFigure* calc = window.goFigure();
-  ReadGoFigure(session.data.paths.usrfiles / "INLET-VOLUME.GFR", calc->model, ui);
+  ReadGoFigure(session.data.paths.examples / "INLET-VOLUME.GFR", calc->model, ui);
   calc->Show();
   ok = Save(calc, folder, "nupreir") && ok;
   return ok ? 0 : 1;

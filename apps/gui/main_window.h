@@ -42,7 +42,7 @@ class MainWindow : public QMainWindow {
   GoFigure* goFigure() const { return go_figure_; }
   void RefreshTitle();
 
-  // The file dialogs of the forms: their titles, the usrfiles folder and the form's filter; empty when cancelled.
+  // The file dialogs of the forms: their titles, the user's case folder and the form's filter; empty when cancelled.
   QString OpenPath(QWidget* parent, const QString& filter);
   QString SavePath(QWidget* parent, const QString& filter);
   // After the save question: a new case that the user wants saved is saved under a name asked for.
