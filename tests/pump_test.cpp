@@ -226,7 +226,9 @@ TEST(PumpCatalogue, CorrectionTablesStartAtOneAndWorsenWithDischargeAndVacuum) {
   for (const Array2D<float>* table : {&t.capacity1, &t.capacity2, &t.power1, &t.power2}) {
     for (int row = 1; row <= table->hi1(); ++row) {
       EXPECT_EQ((*table)(row, 2), 1.0f);  // no correction at the atmosphere
-      if (row > 1) EXPECT_GT((*table)(row, 1), (*table)(row - 1, 1));
+      if (row > 1) {
+        EXPECT_GT((*table)(row, 1), (*table)(row - 1, 1));
+      }
     }
   }
   // Down to 26 inHg vacuum; deeper, the power factors settle at 1.
@@ -282,7 +284,9 @@ TEST_F(PumpSelection, KeptPumpsCoverTheLoadAndComeSortedByPower) {
     const float need = dc.LRVPRES(kLrvpAcfm, k) / dc.LRVPRES(kLrvpCondensation, k);
     EXPECT_GE(dc.LRVPRES(kLrvpCapacity, k), need * 1.1f * 0.9999f) << Kept(k).MODEL;
     EXPECT_NEAR(dc.LRVPRES(kLrvpRatio, k), dc.LRVPRES(kLrvpCapacity, k) / need, 1e-4);
-    if (k > 1) EXPECT_GE(dc.LRVPRES(kLrvpPower, k), dc.LRVPRES(kLrvpPower, k - 1));
+    if (k > 1) {
+      EXPECT_GE(dc.LRVPRES(kLrvpPower, k), dc.LRVPRES(kLrvpPower, k - 1));
+    }
   }
   // The ACFM of the load: (W/60) 379/MW 760/P (T + 460)/520 with T the C2 temperature.
   const double moles = 20.0 / 18 + 10.0 / 29;
