@@ -1,5 +1,7 @@
 // Surface condenser rating: the sizing loop over passes, tubes and length, film coefficients, the stepwise rating and the water side pressure drop.
+#include <array>
 #include <cmath>
+#include <vector>
 
 #include "condenser/condenser_state.h"
 #include "properties/numeric.h"
@@ -92,8 +94,28 @@ void Baffles(CondenserRun& run, float velocity) {
   run.BSP = MaxOf(run.BSP, 2.0f);
 }
 
+// What the sizing loop takes from the condensing curve, which stays fixed while it runs: the heat of each
+// step (its slots summed in slot order) and the slots that condense in it, in slot order.
+struct StepHeat {
+  std::array<float, kMaxSteps + 1> qstep{};
+  std::array<std::vector<int>, kMaxSteps + 1> slots;
+};
+
+StepHeat HeatOfSteps(const StepCurve& cv) {
+  StepHeat heat;
+  for (int i = 1; i <= cv.NSTEPS; ++i) {
+    float qstep = 0;
+    for (int v = 1; v <= kPoolSlot; ++v) qstep += cv.QSTEP(v, i);
+    heat.qstep[static_cast<size_t>(i)] = qstep;
+    for (int v = 1; v <= kPoolSlot; ++v) {
+      if (cv.QSTEP(v, i) >= 0.0001) heat.slots[static_cast<size_t>(i)].push_back(v);
+    }
+  }
+  return heat;
+}
+
 // The stepwise rating: area per step and vapor, the weighted LMTD and the coefficients.
-void RateSteps(CondenserRun& run, bool& pctq_reported) {
+void RateSteps(CondenserRun& run, const StepHeat& heat, bool& pctq_reported) {
   StepCurve& cv = run.curve;
   const float f = run.tube_side ? 0.85f : 1.0f;
   float tprev = run.WATER_OUT;
@@ -101,27 +123,26 @@ void RateSteps(CondenserRun& run, bool& pctq_reported) {
   run.AREQ = run.AREQSTM = run.AREQVAP = 0;
   float qsum = 0;
   for (int i = 1; i <= cv.NSTEPS; ++i) {
-    float qstep = 0;
-    for (int v = 1; v <= kPoolSlot; ++v) qstep += cv.QSTEP(v, i);
+    const float qstep = heat.qstep[static_cast<size_t>(i)];
     const float tn = tprev - qstep / (run.GPMREQ * 500 * run.CP * run.SG);
     const float d1 = cv.TCSTEP[static_cast<size_t>(i - 1)] - tprev;
     const float d2 = cv.TCSTEP[static_cast<size_t>(i)] - tn;
     const float lmtd = std::fabs(d1 - d2) <= 0.01 ? d1 : static_cast<float>((d1 - d2) / std::log(Divide(d1, d2)));
     if (!std::isfinite(lmtd)) throw VbError(5);
     cv.LMTDSTEP[static_cast<size_t>(i)] = lmtd;
-    for (int v = 1; v <= kPoolSlot; ++v) {
+    for (const int v : heat.slots[static_cast<size_t>(i)]) {
       const float q = cv.QSTEP(v, i);
-      if (!(q >= 0.0001)) continue;
       const float u = run.MARGIN / (1 / (f * cv.HSTEP(v, i)) + run.FF + run.WALL_RESIST + 1 / run.HT);
-      cv.ASTEP(v, i) = q / (u * lmtd);
+      float& area = cv.ASTEP(v, i);
+      area = q / (u * lmtd);
       sumall += q / lmtd;
-      run.AREQ += cv.ASTEP(v, i);
+      run.AREQ += area;
       if (v == 1) {
         sums += q / lmtd;
-        run.AREQSTM += cv.ASTEP(v, i);
+        run.AREQSTM += area;
       } else {
         sumv += q / lmtd;
-        run.AREQVAP += cv.ASTEP(v, i);
+        run.AREQVAP += area;
       }
     }
     qsum += qstep;
@@ -193,6 +214,7 @@ void RateSurfaceCondenser(CondenserRun& run) {
   Water bulk, wall;
   int counter = 0;
   bool pctq_reported = false;
+  const StepHeat heat = HeatOfSteps(run.curve);
   enum class Next { kPassRestart, kTubeRestart, kLengthRestart, kFinish } next = Next::kPassRestart;
   for (int round = 0; round < kMaxRounds && next != Next::kFinish; ++round) {
     if (next == Next::kPassRestart) {
@@ -283,7 +305,7 @@ void RateSurfaceCondenser(CondenserRun& run) {
                                       crossings / (3600.0 * 3600 * 64.4 * 62.4 * bulk.sg * de * phi));
     }
 
-    RateSteps(run, pctq_reported);
+    RateSteps(run, heat, pctq_reported);
 
     if (run.tube_side) {
       const float tb = (run.QSUB / (run.Q_TOTAL + run.QSUB)) * (run.WATER_OUT - run.WATER_IN) + run.WATER_IN;
