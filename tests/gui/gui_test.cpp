@@ -222,23 +222,19 @@ TEST_F(Desktop, TheFileMenuSavesWhereTheCaseCameFromAndNewClearsASavedSheet) {
 TEST_F(Desktop, SaveAsGivesANameWithoutExtensionTheFormsOwn) {
   const fs::path folder = fs::temp_directory_path() / ("kestrane_gui_suffix_" + std::to_string(::getpid()));
   fs::create_directories(folder);
-  // The user types a bare name in the dialog and accepts it.
-  QTimer::singleShot(0, [&] {
-    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    dialog->setDirectory(QString::fromStdString(folder.string()));
-    dialog->selectFile("CASE");
-    QMetaObject::invokeMethod(dialog, "accept", Qt::DirectConnection);
-  });
-  EXPECT_EQ(window->SavePath(window.get(), "JET Files (*.JET)").toStdString(), (folder / "CASE.JET").string());
-  QTimer::singleShot(0, [&] {
-    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    dialog->setDirectory(QString::fromStdString(folder.string()));
-    dialog->selectFile("LINE.TDP");
-    QMetaObject::invokeMethod(dialog, "accept", Qt::DirectConnection);
-  });
-  EXPECT_EQ(window->SavePath(window.get(), "TDP Files (*.TDP)").toStdString(), (folder / "LINE.TDP").string());
+  // The user types a name in the dialog and accepts it.
+  const auto save_as = [&](const QString& typed, const QString& filter) {
+    QTimer::singleShot(0, [&] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      dialog->setDirectory(QString::fromStdString(folder.string()));
+      dialog->selectFile(typed);
+      QMetaObject::invokeMethod(dialog, "accept", Qt::DirectConnection);
+    });
+    return window->SavePath(window.get(), filter).toStdString();
+  };
+  EXPECT_EQ(save_as("CASE", "JET Files (*.JET)"), (folder / "CASE.JET").string());
+  EXPECT_EQ(save_as("LINE.TDP", "TDP Files (*.TDP)"), (folder / "LINE.TDP").string());
   fs::remove_all(folder);
 }
 
