@@ -1,6 +1,12 @@
 // Number semantics of the original run time.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <new>
+#include <stdexcept>
+
 #include "properties/vb.h"
 #include "test_support.h"
 
@@ -28,6 +34,32 @@ TEST(CInt, OverflowsOutsideSixteenBitsWithError6) {
   } catch (const VbError& e) {
     EXPECT_EQ(e.description(), "Overflow");
   }
+}
+
+TEST(CSng, OverflowsOnlyWhereRoundingLeavesTheSinglesRange) {
+  const float largest = std::numeric_limits<float>::max();
+  EXPECT_EQ(CSng(static_cast<double>(largest)), largest);
+  // Up to half a unit beyond the largest Single, rounding still lands on it.
+  EXPECT_EQ(CSng(0x1.fffffefffffffp127), largest);
+  EXPECT_EQ(ErrorNumberOf([] { CSng(0x1.ffffffp127); }), 6);
+  EXPECT_EQ(ErrorNumberOf([] { CSng(-1e39); }), 6);
+  EXPECT_EQ(ErrorNumberOf([] { CSng(std::nan("")); }), 6);
+  EXPECT_EQ(CSng(1e-50), 0.0f) << "underflow is no error";
+}
+
+TEST(CaughtError, NamesWhatIsBeingHandledAsARunTimeError) {
+  const auto caught = [](const std::function<void()>& raise) {
+    try {
+      raise();
+    } catch (...) {
+      return RunTimeErrorText(CaughtError());
+    }
+    return std::string();
+  };
+  EXPECT_EQ(caught([] { throw VbError(11); }), "Run-time error 11: Division by zero");
+  EXPECT_EQ(caught([] { throw std::bad_alloc(); }), "Run-time error 7: Out of memory");
+  EXPECT_EQ(caught([] { throw std::out_of_range("row 99"); }), "Run-time error 51: Internal error (row 99)");
+  EXPECT_EQ(caught([] { throw 3; }), "Run-time error 51: Internal error");
 }
 
 TEST(IntAndFix, DifferOnNegativeNumbers) {
@@ -152,6 +184,9 @@ TEST(IsNumeric, AcceptsNumbersWithBlanksSignExponentAndHex) {
 }
 
 TEST(NumberField, EmptyBecomesZeroAndCommasOrTextAreFlagged) {
+  EXPECT_TRUE(IsPlainNumber(" 1.5E+3 "));
+  EXPECT_FALSE(IsPlainNumber("1,000")) << "numeric, but it would read as 1";
+  EXPECT_FALSE(IsPlainNumber("1E400"));
   std::string empty;
   EXPECT_FALSE(NumberFieldFlagged(empty));
   EXPECT_EQ(empty, "0");

@@ -45,7 +45,7 @@ int Convert(const GlobalOptions& options, const ConvertArgs& args) {
     }
     return kExitDone;
   }
-  if (args.words.size() != 4 || !IsNumeric(args.words[3]) || args.words[3].find(',') != std::string::npos) {
+  if (args.words.size() != 4 || !IsPlainNumber(args.words[3])) {
     std::cerr << "usage: convert list | convert CATEGORY FROM TO VALUE\n";
     return kExitUsage;
   }

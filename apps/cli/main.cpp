@@ -1,7 +1,6 @@
 // The kestrane command: global options, the dispatch to the command groups, and the report of any failure.
 #include <cstring>
 #include <iostream>
-#include <new>
 
 #include "cli.h"
 #include "properties/vb.h"
@@ -17,10 +16,15 @@ bool JsonAsked(int argc, char** argv) {
   return false;
 }
 
+// The failure as a JSON object, with --json.
+void PrintFailure(bool json, int exit_code, const std::string& error, const std::vector<std::string>& notices = {}) {
+  if (json) kestrane::cli::PrintJson({{"error", error}, {"exit_code", exit_code}, {"notices", notices}});
+}
+
 // The failure on standard error, and as a JSON object with --json; its exit status.
 int Report(bool json, int exit_code, const std::string& error, const std::vector<std::string>& notices = {}) {
   if (!error.empty()) std::cerr << error << '\n';
-  if (json) kestrane::cli::PrintJson({{"error", error}, {"exit_code", exit_code}, {"notices", notices}});
+  PrintFailure(json, exit_code, error, notices);
   return exit_code;
 }
 
@@ -63,15 +67,13 @@ int main(int argc, char** argv) {
     return app.exit(e);
   } catch (const CLI::ParseError& e) {
     app.exit(e);  // the message and the pointer to --help on standard error
-    if (json) cli::PrintJson({{"error", e.what()}, {"exit_code", cli::kExitUsage}, {"notices", nlohmann::json::array()}});
+    PrintFailure(json, cli::kExitUsage, e.what());
     return cli::kExitUsage;
   } catch (const cli::Failure& f) {
     return Report(json, f.exit_code, f.error, f.notices);
-  } catch (const VbError& e) {
+  } catch (const std::exception&) {
     // An arithmetic or data fault that no routine traps: report it, never crash.
-    return Report(json, cli::kExitUsage, RunTimeErrorText(e));
-  } catch (const std::bad_alloc&) {
-    return Report(json, cli::kExitUsage, RunTimeErrorText(VbError(7)));
+    return Report(json, cli::kExitUsage, RunTimeErrorText(CaughtError()));
   }
   if (json && exit_code != cli::kExitDone && !cli::JsonPrinted()) {
     return Report(json, exit_code, "The command failed with exit status " + std::to_string(exit_code) + ".");

@@ -1,5 +1,4 @@
 // The command line's session: program paths, the fixed date, JSON output.
-#include <cmath>
 #include <cstdio>
 
 #include "cli.h"
@@ -22,8 +21,8 @@ bool IsCalendarDay(int y, int m, int d) {
 CLI::Validator SingleNumber() {
   return CLI::Validator(
       [](std::string& text) -> std::string {
-        if (!IsNumeric(text) || text.find(',') != std::string::npos) return "\"" + text + "\" is not a number";
-        if (!std::isfinite(static_cast<float>(Val(text)))) {
+        if (!IsPlainNumber(text)) return "\"" + text + "\" is not a number";
+        if (!FitsSingle(Val(text))) {
           return "\"" + text + "\" lies beyond the largest number the program holds (3.402823E+38)";
         }
         return {};

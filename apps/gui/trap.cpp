@@ -3,34 +3,12 @@
 
 #include <QMessageBox>
 #include <QThread>
-#include <exception>
-#include <new>
 
 #include "properties/vb.h"
 
 namespace kestrane::gui {
 
-namespace {
-
-constexpr int kOutOfMemory = 7;
-constexpr int kInternalError = 51;
-
-}  // namespace
-
-std::string CaughtErrorText() {
-  try {
-    throw;
-  } catch (const VbError& e) {
-    return RunTimeErrorText(e);
-  } catch (const std::bad_alloc&) {
-    return RunTimeErrorText(VbError(kOutOfMemory));
-  } catch (const std::exception& e) {
-    const std::string what = e.what();
-    return RunTimeErrorText(VbError(kInternalError, what.empty() ? "Internal error" : "Internal error (" + what + ")"));
-  } catch (...) {
-    return RunTimeErrorText(VbError(kInternalError));
-  }
-}
+std::string CaughtErrorText() { return RunTimeErrorText(CaughtError()); }
 
 bool Trap(Ui& ui, const std::function<void()>& action) {
   std::string text;

@@ -163,8 +163,7 @@ float Nupreir::EvaluateExpr(const std::string& source) {
     variable_used = true;
     return Checked(Val(found->second));
   }
-  // A number with thousands commas would read as its first group: it is not taken as a constant.
-  if (!IsNumeric(text) || text.find(',') != std::string::npos) {
+  if (!IsPlainNumber(text)) {
     throw VbError(kBadConstant, "Error evaluating '" + text + "' as a constant.");
   }
   echo += " " + text;

@@ -1,23 +1,10 @@
 // The tail leg height: how tall a condensate leg must be so that the receiver's pressure cannot flood the condenser.
 #include "calculators/tail_leg.h"
 
-#include <cmath>
-#include <limits>
-
 #include "properties/numeric.h"
 #include "properties/vb.h"
 
 namespace kestrane {
-
-namespace {
-
-// A height (ft or m) handed to the single precision rounding: error 6 beyond the range of a Single.
-float Height(double value) {
-  if (!(std::fabs(value) <= std::numeric_limits<float>::max())) throw VbError(6);
-  return static_cast<float>(value);
-}
-
-}  // namespace
 
 bool CalculateTailLeg(TailLegScreen& screen) {
   screen.error = 0;
@@ -28,8 +15,8 @@ bool CalculateTailLeg(TailLegScreen& screen) {
     // The head of condensate (62.4 lb/ft3 times the gravity) that balances the pressure difference, ft.
     const double h = Divide((pr - pc) * 144, g * 62.4);
     // Rounded by the single precision rounding routine; the meters from the unrounded height.
-    float feet = Height(h);
-    float meters = Height(h * 0.3048);
+    float feet = CSng(h);
+    float meters = CSng(h * 0.3048);
     RoundTo(feet, 0.1f);
     RoundTo(meters, 0.1f);
     screen.lblAns = {Trim(GeneralText(feet)) + " feet", Trim(GeneralText(meters)) + " meters"};

@@ -23,7 +23,7 @@ class CaseReader {
   }
   float Number() {
     const std::string text = Trim(file_.LineInput());
-    if (!IsNumeric(text) || text.find(',') != std::string::npos) throw VbError(13);
+    if (!IsPlainNumber(text)) throw VbError(13);
     return static_cast<float>(Val(text));
   }
   // An option button: any nonzero number turns it on (-1).

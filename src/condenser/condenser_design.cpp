@@ -335,15 +335,12 @@ void CondenserDesign(DesignContext& ctx, int nstages, int col, float dia1, float
   } catch (const CondenserStop& stop) {
     err = 1;
     why = stop.reason;
-  } catch (const VbError& e) {
+  } catch (const std::exception&) {
+    // A run-time error, or any other failure under the run time's number for a fault of its own.
+    const VbError e = CaughtError();
     err = 1;
-    why = "Error # " + GeneralText(e.number()) + " " + e.description();
+    why = FaultText(e);
     ctx.ui.notice("Error during Condenser Calculation: Error # " + GeneralText(e.number()));
-  } catch (const std::exception& e) {
-    // Any other failure is trapped the same way, under the run time's number for a fault of its own.
-    err = 1;
-    why = "Error # 51 Internal error (" + std::string(e.what()) + ")";
-    ctx.ui.notice("Error during Condenser Calculation: Error # 51");
   }
   if (reason != nullptr) *reason = why;
 }

@@ -4,7 +4,6 @@
 #include <cfenv>
 #include <cmath>
 #include <exception>
-#include <new>
 
 namespace kestrane {
 
@@ -14,6 +13,8 @@ VbError ArithmeticError() {
   return VbError(6);
 }
 
+std::string FaultText(const VbError& e) { return "Error # " + GeneralText(e.number()) + " " + e.description(); }
+
 bool RunErrors::Step(const std::string& what, const ResultCells& cells, const std::function<void()>& step) {
   std::vector<float> before;
   before.reserve(cells.size());
@@ -22,13 +23,8 @@ bool RunErrors::Step(const std::string& what, const ResultCells& cells, const st
   std::string fault;
   try {
     step();
-  } catch (const VbError& e) {
-    fault = "Error # " + GeneralText(e.number()) + " " + e.description();
-  } catch (const std::bad_alloc&) {
-    fault = "Error # 7 " + VbError(7).description();
-  } catch (const std::exception& e) {
-    // Any other exception is a fault of this program: error 51, the run time's number for its internal errors.
-    fault = "Error # 51 Internal error (" + std::string(e.what()) + ")";
+  } catch (const std::exception&) {
+    fault = FaultText(CaughtError());
   }
   bool left_non_finite = false;
   for (size_t k = 0; k < cells.size(); ++k) {
@@ -36,10 +32,7 @@ bool RunErrors::Step(const std::string& what, const ResultCells& cells, const st
     left_non_finite = true;
     *cells[k] = std::isfinite(before[k]) ? before[k] : 0.0f;
   }
-  if (fault.empty() && left_non_finite) {
-    const VbError e = ArithmeticError();
-    fault = "Error # " + GeneralText(e.number()) + " " + e.description();
-  }
+  if (fault.empty() && left_non_finite) fault = FaultText(ArithmeticError());
   if (fault.empty()) return true;
   const std::string text = "Error in " + what + ": " + fault;
   ui_.notice(text);

@@ -15,6 +15,9 @@ namespace kestrane {
 // by zero", 5 "Invalid procedure call or argument", else 6 "Overflow".
 VbError ArithmeticError();
 
+// "Error # 6 Overflow": the number and text of a trapped error, as the run's messages give them.
+std::string FaultText(const VbError& e);
+
 // The values one step of the run writes, for the check that none is left infinite or not a number.
 using ResultCells = std::vector<float*>;
 

@@ -26,7 +26,7 @@ void ParseUserVapors(TextInput& file, UserVapors& user) {
   int line = 1;
   if (file.Eof()) throw Damage{line, "the file is empty"};
   const std::string count_text = Trim(file.LineInput());
-  if (!IsNumeric(count_text) || count_text.find(',') != std::string::npos) {
+  if (!IsPlainNumber(count_text)) {
     throw Damage{line, "the count of vapors \"" + count_text + "\" is not a number"};
   }
   const double count = Val(count_text);
@@ -46,7 +46,7 @@ void ParseUserVapors(TextInput& file, UserVapors& user) {
       }
       const std::string field = Trim(text.substr(at, comma - at));
       if (!IsNumeric(field)) throw Damage{line, "\"" + field + "\" stands where a number belongs"};
-      if (!std::isfinite(static_cast<float>(Val(field)))) throw Damage{line, field + " is too large a number"};
+      if (!FitsSingle(Val(field))) throw Damage{line, field + " is too large a number"};
       values[static_cast<size_t>(c)] = static_cast<float>(Val(field));
       at = comma + 1;
     }
@@ -164,8 +164,7 @@ bool UdvDelete(UserVapors& user, int id, const std::filesystem::path& path, Ui& 
 
 bool UdvFieldAccepted(int index, const std::string& text) {
   if (text.empty()) return true;
-  // "1,000" would read as 1: a number with commas is refused like any text.
-  if (!IsNumeric(text) || text.find(',') != std::string::npos) return false;
+  if (!IsPlainNumber(text)) return false;
   const double value = Val(text);
   // A temperature of exactly 0 is refused, as it always was.
   if (index == 1 || index == 3 || index == 5) return value != 0;

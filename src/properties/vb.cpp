@@ -7,7 +7,8 @@
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
-#include <limits>
+#include <exception>
+#include <new>
 
 namespace kestrane {
 
@@ -168,6 +169,21 @@ std::string RunTimeErrorText(const VbError& e) {
   return "Run-time error " + std::to_string(e.number()) + ": " + e.description();
 }
 
+VbError CaughtError() {
+  try {
+    throw;
+  } catch (const VbError& e) {
+    return e;
+  } catch (const std::bad_alloc&) {
+    return VbError(7);
+  } catch (const std::exception& e) {
+    const std::string what = e.what();
+    return VbError(51, what.empty() ? "Internal error" : "Internal error (" + what + ")");
+  } catch (...) {
+    return VbError(51);
+  }
+}
+
 VbError::VbError(int number, const std::string& text) : std::runtime_error(text), number_(number) {}
 
 int16_t CInt(double x) {
@@ -177,22 +193,29 @@ int16_t CInt(double x) {
   return static_cast<int16_t>(r);
 }
 
+bool FitsSingle(double x) {
+  // Below half a unit past the largest Single, rounding still lands on it; from there on (and for a NaN) it does not.
+  constexpr double kBeyond = 0x1.ffffffp127;
+  return std::fabs(x) < kBeyond;
+}
+
 float CSng(double x) {
-  if (!(std::fabs(x) <= static_cast<double>(std::numeric_limits<float>::max()))) {
-    // Rounding to the nearest Single may still land on the largest one.
-    const float rounded = static_cast<float>(x);
-    if (!std::isfinite(rounded)) throw VbError(6);
-    return rounded;
-  }
+  if (!FitsSingle(x)) throw VbError(6);
   return static_cast<float>(x);
 }
 
 std::string OverflowNotice(std::string_view what, std::string_view text, bool integer) {
-  const double v = Val(text);
-  const double rounded = std::nearbyint(v);
-  const bool overflows = integer ? !(rounded >= -32768.0 && rounded <= 32767.0) : !std::isfinite(static_cast<float>(v));
-  if (!overflows) return {};
-  return "Run-time error 6: Overflow in the " + std::string(what) + " (" + Trim(text) + ").";
+  try {
+    const double v = Val(text);
+    if (integer) {
+      CInt(v);
+    } else {
+      CSng(v);
+    }
+    return {};
+  } catch (const VbError&) {
+    return "Run-time error 6: Overflow in the " + std::string(what) + " (" + Trim(text) + ").";
+  }
 }
 
 std::string GeneralText(float x) { return GeneralForm(static_cast<double>(x), 7); }
@@ -293,9 +316,11 @@ bool IsNumeric(std::string_view text) {
   return i == s.size() && std::isfinite(Val(s));
 }
 
+bool IsPlainNumber(std::string_view text) { return text.find(',') == std::string_view::npos && IsNumeric(text); }
+
 bool NumberFieldFlagged(std::string& text) {
   if (text.empty()) text = "0";
-  return text.find(',') != std::string::npos || !IsNumeric(text);
+  return !IsPlainNumber(text);
 }
 
 std::string FormatDate(const VbDate& date) {

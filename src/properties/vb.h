@@ -32,8 +32,16 @@ std::string TrappedError(std::string_view routine, const VbError& e);
 // The message of an error no routine traps: "Run-time error 6: Overflow".
 std::string RunTimeErrorText(const VbError& e);
 
+// Inside a catch block, the error being handled as a run-time error: the
+// error itself, 7 "Out of memory" when memory ran out, 51 "Internal error
+// (what happened)" for any other failure.
+VbError CaughtError();
+
 // Round half to even to a 16-bit integer; error 6 when out of range.
 int16_t CInt(double x);
+
+// Whether a number rounds to a finite Single (a NaN does not).
+bool FitsSingle(double x);
 
 // CSng: a number as a Single; error 6 when it lies beyond the Single's range
 // (a NaN is error 6 too, never a silent result).
@@ -95,6 +103,10 @@ double Val(std::string_view text);
 // around it, sign, decimals, exponent, thousands commas, or &H / &O forms.
 // A number beyond the range of a Double ("1E400") is not numeric.
 bool IsNumeric(std::string_view text);
+
+// A number as the program reads one: numeric and without thousands commas
+// ("1,000" would read as 1, Val stopping at the comma).
+bool IsPlainNumber(std::string_view text);
 
 // The number check shared by input boxes: an empty text becomes "0"; the
 // field is flagged (true) when it holds a comma or is not numeric.
