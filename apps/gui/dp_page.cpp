@@ -61,26 +61,18 @@ dpVac::dpVac(MainWindow& w) : Page(&w), w_(w), watcher_(this, w.ui) {
   top->addWidget(unit_box);
   top->addStretch();
   layout->addLayout(top);
-  connect(hei, &QRadioButton::clicked, this, Trapped(w_.ui, [this] {
-    model.hei = true;
-    model.dirty = 1;
-    Refresh();
-  }));
-  connect(tessel, &QRadioButton::clicked, this, Trapped(w_.ui, [this] {
-    model.hei = false;
-    model.dirty = 1;
-    Refresh();
-  }));
-  connect(standard, &QRadioButton::clicked, this, Trapped(w_.ui, [this] {
-    model.standard = true;
-    model.dirty = 1;
-    Refresh();
-  }));
-  connect(metric, &QRadioButton::clicked, this, Trapped(w_.ui, [this] {
-    model.standard = false;
-    model.dirty = 1;
-    Refresh();
-  }));
+  // An option button sets its flag of the sheet, an edit, and the captions follow.
+  const auto option = [this](QRadioButton* button, bool& flag, bool value) {
+    connect(button, &QRadioButton::clicked, this, Trapped(w_.ui, [this, &flag, value] {
+      flag = value;
+      model.dirty = 1;
+      Refresh();
+    }));
+  };
+  option(hei, model.hei, true);
+  option(tessel, model.hei, false);
+  option(standard, model.standard, true);
+  option(metric, model.standard, false);
 
   auto* body = new QHBoxLayout;
   auto* fields = new QGridLayout;

@@ -219,6 +219,21 @@ TEST_F(Desktop, TheFileMenuSavesWhereTheCaseCameFromAndNewClearsASavedSheet) {
   fs::remove_all(folder);
 }
 
+TEST_F(Desktop, ThePressureLossOptionButtonsSetTheMethodAndUnitsAsAnEdit) {
+  auto* dp = static_cast<dpVac*>(window->PageOf(Form::dpVac));
+  window->SwapForms(Form::MainForm, Form::dpVac);
+  dp->tessel->click();
+  EXPECT_FALSE(dp->model.hei);
+  EXPECT_EQ(dp->model.dirty, 1);
+  dp->metric->click();
+  EXPECT_FALSE(dp->model.standard);
+  EXPECT_EQ(DpFieldCaption(dp->model, 6), "Pipe inside diameter (mm)");
+  dp->hei->click();
+  dp->standard->click();
+  EXPECT_TRUE(dp->model.hei);
+  EXPECT_TRUE(dp->model.standard);
+}
+
 TEST_F(Desktop, SaveAsGivesANameWithoutExtensionTheFormsOwn) {
   const fs::path folder = fs::temp_directory_path() / ("kestrane_gui_suffix_" + std::to_string(::getpid()));
   fs::create_directories(folder);
