@@ -146,20 +146,17 @@ void VaporRangeWarnings(DesignContext& ctx) {
   for (int load = 1; load <= std::min<int>(10, dc.NLOADS); ++load) {
     if (dc.VPRANGE(load, 1) == 0 && dc.VPRANGE(load, 2) == 0 && dc.VPRANGE(load, 3) == 0) continue;
     const auto id = static_cast<int>(dc.LOADS(kLoadID, load));
-    std::string name;
+    const std::string name = VaporName(ctx.data.vapors, ctx.data.user_vapors, id);
     float low_c = 0, high_c = 0;
     if (id > 0) {
-      name = Trim(ctx.data.vapors.PSATNAME(id));
       low_c = ctx.data.vapors.PSATDATA(id, 5);
       high_c = ctx.data.vapors.PSATDATA(id, 6);
     } else if (id < 0) {
-      name = Trim(ctx.data.user_vapors.UDVNAME(-id));
       low_c = ctx.data.user_vapors.UDVDATA(-id, 2);
       high_c = ctx.data.user_vapors.UDVDATA(-id, 6);
     } else {
       // Water: the saturation line of the steam table.
       const SteamTable& tb = ctx.data.steam;
-      name = "WATER";
       low_c = static_cast<float>((tb.STEAMTBL(1, 2) - 32) / 1.8);
       high_c = static_cast<float>((tb.STEAMTBL(tb.STEAMNP, 2) - 32) / 1.8);
     }

@@ -34,6 +34,12 @@ std::string FixedText(std::string_view text, size_t width) {
   return FromCodePoints(points);
 }
 
+std::string VaporName(const VaporData& data, const UserVapors& user, int id) {
+  if (id == 0) return "WATER";
+  if (id > 0) return id <= data.NPSAT ? Trim(data.PSATNAME(id)) : std::string();
+  return -id <= user.NUDV ? Trim(user.UDVNAME(-id)) : std::string();
+}
+
 bool ReadPsat(const std::filesystem::path& path, VaporData& data, Ui& ui) {
   const std::vector<char> bytes = ReadFileBytes(path);
   const int16_t n = bytes.size() >= 2 ? LittleInt16(bytes, 0) : int16_t{0};

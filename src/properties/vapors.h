@@ -56,6 +56,10 @@ void Antoine(const Vapors& vapors, int16_t id, float temperature, float& pressur
 // fitted from its three points on every call.
 void AntoineUser(const Vapors& vapors, int16_t index, float temperature, float& pressure, int16_t& flag);
 
+// The name of a load's vapor, trimmed: a row of the data base (ID > 0), a user defined vapor
+// (ID < 0), "WATER" for ID 0; empty for an ID that names no vapor.
+std::string VaporName(const VaporData& data, const UserVapors& user, int id);
+
 // A name cut or padded to its fixed width.
 std::string FixedText(std::string_view text, size_t width);
 
