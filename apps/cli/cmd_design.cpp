@@ -4,6 +4,7 @@
 #include "case/jet_file.h"
 #include "cli.h"
 #include "engine/design_run.h"
+#include "engine/design_summary.h"
 #include "engine/results.h"
 #include "engine/stage_model.h"
 #include "properties/numeric.h"
@@ -85,6 +86,70 @@ nlohmann::json CaseJson(const DesignCase& dc, const PumpData& pumps, const Desig
   return doc;
 }
 
+// The named results: what the positional tables hold, by name, in standard units (the unit in each name).
+nlohmann::json ResultsJson(const DesignSummary& s) {
+  nlohmann::json r;
+  r["annual_cost"] = {{"total_usd_yr", JsonSingle(s.annual_cost.total)},
+                      {"steam_usd_yr", JsonSingle(s.annual_cost.steam)},
+                      {"water_usd_yr", JsonSingle(s.annual_cost.water)},
+                      {"power_usd_yr", JsonSingle(s.annual_cost.power)}};
+  r["motive_steam_lb_hr"] = JsonSingle(s.motive_steam_lb_hr);
+  r["water_gpm"] = JsonSingle(s.water_gpm);
+  r["power_kw"] = JsonSingle(s.power_kw);
+  r["stages"] = nlohmann::json::array();
+  for (const StageSummary& st : s.stages) {
+    r["stages"].push_back({{"name", st.name},
+                           {"model", st.model},
+                           {"pump", st.pump},
+                           {"motive_lb_hr", JsonSingle(st.motive_lb_hr)},
+                           {"suction_mmhga", JsonSingle(st.suction_mmhga)},
+                           {"discharge_mmhga", JsonSingle(st.discharge_mmhga)},
+                           {"compression_ratio", JsonSingle(st.compression_ratio)},
+                           {"connections_in",
+                            {{"suction", JsonSingle(st.suction_in)},
+                             {"discharge", JsonSingle(st.discharge_in)},
+                             {"motive", JsonSingle(st.motive_in)}}}});
+  }
+  r["condensers"] = nlohmann::json::array();
+  for (const CondenserSummary& c : s.condensers) {
+    r["condensers"].push_back({{"name", c.name},
+                               {"role", c.role},
+                               {"model", c.model},
+                               {"type", c.type},
+                               {"area_ft2", JsonSingle(c.area_ft2)},
+                               {"water_gpm", JsonSingle(c.water_gpm)},
+                               {"water_in_f", JsonSingle(c.water_in_f)},
+                               {"water_out_f", JsonSingle(c.water_out_f)},
+                               {"water_dp_psi", JsonSingle(c.water_dp_psi)},
+                               {"duty_btu_hr", JsonSingle(c.duty_btu_hr)},
+                               {"inlet_mmhga", JsonSingle(c.inlet_mmhga)},
+                               {"outlet_mmhga", JsonSingle(c.outlet_mmhga)},
+                               {"vent_f", JsonSingle(c.vent_f)}});
+  }
+  if (s.pump.present) {
+    r["pump"] = {{"model", s.pump.model},
+                 {"capacity_acfm", JsonSingle(s.pump.capacity_acfm)},
+                 {"duty_acfm", JsonSingle(s.pump.duty_acfm)},
+                 {"condensed_duty_acfm", JsonSingle(s.pump.condensed_duty_acfm)},
+                 {"capacity_ratio", JsonSingle(s.pump.capacity_ratio)},
+                 {"brake_hp", JsonSingle(s.pump.brake_hp)},
+                 {"motor_hp", JsonSingle(s.pump.motor_hp)},
+                 {"seal_water_gpm", JsonSingle(s.pump.seal_water_gpm)},
+                 {"seal_out_f", JsonSingle(s.pump.seal_out_f)}};
+  } else {
+    r["pump"] = nullptr;
+  }
+  r["loads"] = nlohmann::json::array();
+  for (const LoadSummary& l : s.loads) {
+    r["loads"].push_back({{"vapor_id", l.id},
+                          {"name", l.name},
+                          {"kind", l.kind},
+                          {"flow_lb_hr", JsonSingle(l.flow_lb_hr)},
+                          {"mw", JsonSingle(l.mw)}});
+  }
+  return r;
+}
+
 // One case of a design command: read, check, design, and print it in text mode.
 struct CaseRun {
   nlohmann::json doc;  // the JSON object of the case
@@ -95,43 +160,58 @@ CaseRun DesignOne(Session& session, const std::string& file, const DesignArgs& a
   CaseRun run;
   CliUi ui(args.json);
   InputScreen screen = NewCase();
-  if (!OpenCase(file, screen, ui)) {
-    run.doc = {{"case", file}, {"error", "The case could not be read."}, {"notices", ui.notices}};
-    run.exit_code = kExitUsage;
-    return run;
-  }
-  DesignCase& dc = session.design;
+  // A case that cannot be read is reported with the record of an empty case, in the same shape.
+  DesignCase unread;
+  const bool read = OpenCase(file, screen, ui);
+  DesignCase& dc = read ? session.design : unread;
   DesignContext ctx{dc, session.data, screen, session.PINTERFIX, ui};
   DesignOutcome outcome;
   std::string text;
   std::vector<std::vector<std::string>> grid;
-  try {
-    outcome = RunDesign(ctx, screen);
-    if (outcome.results) text = ResultsText(FillResults(ctx, screen.Metric()));
-    grid = DebuggerGrid(ctx);
-  } catch (const VbError& e) {
-    // Whatever no step of the run trapped ends this case, never the others.
-    outcome.errors.push_back(RunTimeErrorText(e));
-    outcome.results = false;
+  if (!read) {
+    outcome.input_error = 1;
+    outcome.errors.push_back("The case file " + file + " could not be read.");
+    run.exit_code = kExitUsage;
+  } else {
+    try {
+      outcome = RunDesign(ctx, screen);
+      if (outcome.results) text = ResultsText(FillResults(ctx, screen.Metric()));
+      grid = DebuggerGrid(ctx);
+    } catch (const VbError& e) {
+      // Whatever no step of the run trapped ends this case, never the others.
+      outcome.errors.push_back(RunTimeErrorText(e));
+      outcome.results = false;
+    }
+    if (outcome.results && session.data.internal_mode == 2) WriteGridCsv(grid, GridCsvPath(), ui);
+    if (outcome.input_error != 0) {
+      run.exit_code = kExitRefused;
+    } else if (!outcome.errors.empty()) {
+      run.exit_code = kExitDesignError;
+    }
   }
-  if (outcome.results && session.data.internal_mode == 2) WriteGridCsv(grid, GridCsvPath(), ui);
-  if (outcome.input_error != 0) {
-    run.exit_code = kExitRefused;
-  } else if (!outcome.errors.empty()) {
-    run.exit_code = kExitDesignError;
-  }
+  const DesignSummary summary = outcome.results ? SummarizeDesign(ctx) : DesignSummary{};
   if (args.json) {
     run.doc = CaseJson(dc, session.data.pumps, outcome, ui, text);
     run.doc["case"] = file;
     run.doc["PINTERFIX"] = JsonSingle(session.PINTERFIX);
     run.doc["errors"] = outcome.errors;
+    run.doc["advisories"] = nlohmann::json::array();  // none yet: the design search gives no advice of its own
+    run.doc["results"] = ResultsJson(summary);
+    if (!read) run.doc["error"] = outcome.errors.front();
     if (args.grid) run.doc["grid"] = grid;
+    return run;
+  }
+  if (!read) {
+    std::fprintf(stderr, "%s\n", outcome.errors.front().c_str());
     return run;
   }
   if (args.files.size() > 1) std::printf("== %s\n", screen.CASENAME.c_str());
   if (outcome.input_error != 0) return run;
   if (!outcome.lblMessage.empty()) std::printf("%s\n", outcome.lblMessage.c_str());
   std::printf("%s", text.c_str());
+  if (outcome.results) {
+    for (const ResultsBlock& block : SummaryBlocks(summary, screen.Metric())) std::printf("%s", BlockText(block).c_str());
+  }
   if (args.grid) {
     for (const auto& row : grid) {
       std::string line;

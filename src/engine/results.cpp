@@ -15,12 +15,7 @@ namespace kestrane {
 
 namespace {
 
-constexpr float kM3hPerGpm = 0.22712470704f;
-constexpr float kM2PerFt2 = 0.09290304f;
-constexpr float kKwPerHp = 0.7457f;            // as the annual power cost takes it
-constexpr float kM3hPerCfm = 1.69901082f;      // 0.3048^3 m3/ft3 * 60 min/hr
-
-float Celsius(float f) { return static_cast<float>((f - 32) / 1.8); }
+constexpr float kKwPerHp = 0.7457f;  // as the annual power cost takes it
 
 // Condenser columns present, in the order of flow.
 std::vector<int> CondensersPresent(const DesignCase& dc) {
@@ -49,6 +44,15 @@ std::string Pair(float a, float b) { return FormatFixed(a, 5.1f) + "/" + FormatF
 
 }  // namespace
 
+std::string EjectorModel(const DesignContext& ctx, int c) {
+  std::string model = ctx.data.constants.STAGENAME(c) + "-" + Trim(GeneralText(ctx.dc.STG(c, kStgSIZE)));
+  if (ctx.dc.USELRVP == 1 && c == kStageC) {
+    model.resize(std::max<size_t>(model.size(), 7), ' ');
+    PlaceInField(-1, model, "LRVP", 4);
+  }
+  return model;
+}
+
 ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
   const DesignCase& dc = ctx.dc;
   ResultsScreen r;
@@ -68,13 +72,8 @@ ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
   r.ejectors.captions = {"Model                ", metric ? "Motive (kg/hr)" : "Motive (#/hr)", "Suction Dia. (in.)",
                          "Discharge Dia. (in.)", "Motive Dia. (in.)"};
   for (int c = dc.NSTAGES; c >= 1; --c) {
-    std::string model = ctx.data.constants.STAGENAME(c) + "-" + Trim(GeneralText(dc.STG(c, kStgSIZE)));
-    if (dc.USELRVP == 1 && c == kStageC) {
-      model.resize(std::max<size_t>(model.size(), 7), ' ');
-      PlaceInField(-1, model, "LRVP", 4);
-    }
     r.ejectors.heads.push_back(ctx.data.constants.STAGENAME(c));
-    r.ejectors.columns.push_back({model, FormatFixed(dc.STG(c, kStgMOTIVE) / (metric ? kLbPerKgSingle : 1.0f), 12.0f),
+    r.ejectors.columns.push_back({EjectorModel(ctx, c), FormatFixed(dc.STG(c, kStgMOTIVE) / (metric ? kLbPerKgSingle : 1.0f), 12.0f),
                                   FormatFixed(dc.STG(c, kStgDIAS), 12.2f), FormatFixed(dc.STG(c, kStgDIAD), 12.2f),
                                   FormatFixed(dc.STG(c, kStgDIAM), 12.2f)});
   }
@@ -103,7 +102,7 @@ ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
     r.condensers.columns.push_back(
         {model, FormatFixed(dc.CND(col, kCndAREA) * (metric ? kM2PerFt2 : 1.0f), 6.1f),
          FormatFixed(dc.CND(col, kCndGPMUSE) * (metric ? kM3hPerGpm : 1.0f), 6.1f),
-         FormatFixed(metric ? Celsius(in) : in, 6.1f) + " / " + FormatFixed(metric ? Celsius(out) : out, 6.1f),
+         FormatFixed(metric ? ScreenCelsius(in) : in, 6.1f) + " / " + FormatFixed(metric ? ScreenCelsius(out) : out, 6.1f),
          FormatFixed(dc.CND(col, kCndDELTAP) / (metric ? kPsiPerBarSingle : 1.0f), 6.1f)});
   }
 
@@ -125,42 +124,49 @@ ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
                        FormatFixed(dc.LRVPRES(kLrvpPower, 1) * power, 8.1f),
                        FormatFixed(dc.LRVPRES(kLrvpMotor, 1) * power, 8.1f),
                        FormatFixed(dc.LRVPRES(kLrvpSeal, 1) * (metric ? kM3hPerGpm : 1.0f), 8.1f),
-                       FormatFixed(metric ? Celsius(seal_out) : seal_out, 8.1f)}};
+                       FormatFixed(metric ? ScreenCelsius(seal_out) : seal_out, 8.1f)}};
   }
   return r;
 }
 
-std::string ResultsText(const ResultsScreen& screen) {
-  std::string text;
-  auto block = [&text](const ResultsBlock& b) {
-    size_t width = 0;
-    for (const auto& caption : b.captions) width = std::max(width, ToCodePoints(caption).size());
-    text += b.title + "\n";
-    std::string heads(width, ' ');
-    bool any_head = false;
-    for (const auto& head : b.heads) {
-      std::string cell(14, ' ');
-      PlaceInField(1, cell, head, 14);
-      heads += cell;
-      any_head = any_head || !head.empty();
-    }
-    if (any_head) text += RTrim(heads) + "\n";
-    for (size_t row = 0; row < b.captions.size(); ++row) {
-      std::string line = b.captions[row];
-      line.append(width - ToCodePoints(b.captions[row]).size(), ' ');
-      for (const auto& column : b.columns) {
-        std::string cell(14, ' ');
-        PlaceInField(1, cell, column[row], 14);
-        line += cell;
-      }
-      text += RTrim(line) + "\n";
-    }
-    text += "\n";
+std::string BlockText(const ResultsBlock& b) {
+  constexpr size_t kMinimumWidth = 14;  // a column's width on the screen
+  const auto width_of = [](const std::string& text) { return ToCodePoints(text).size(); };
+  size_t width = 0;
+  for (const auto& caption : b.captions) width = std::max(width, width_of(caption));
+  // Each column as wide as its widest text and two blanks, so that no text runs into its neighbour.
+  std::vector<size_t> widths;
+  for (size_t c = 0; c < b.columns.size(); ++c) {
+    size_t w = kMinimumWidth;
+    if (c < b.heads.size()) w = std::max(w, width_of(b.heads[c]) + 2);
+    for (const auto& cell : b.columns[c]) w = std::max(w, width_of(Trim(cell)) + 2);
+    widths.push_back(w);
+  }
+  const auto cell = [](const std::string& text, size_t w) {
+    const std::string shown = Trim(text);
+    return std::string(w - ToCodePoints(shown).size(), ' ') + shown;
   };
-  block(screen.utilities);
-  block(screen.ejectors);
-  if (screen.show_condensers) block(screen.condensers);
-  if (screen.show_pump) block(screen.pump);
+  std::string text = b.title + "\n";
+  std::string heads(width, ' ');
+  bool any_head = false;
+  for (size_t c = 0; c < b.heads.size() && c < widths.size(); ++c) {
+    heads += cell(b.heads[c], widths[c]);
+    any_head = any_head || !b.heads[c].empty();
+  }
+  if (any_head) text += RTrim(heads) + "\n";
+  for (size_t row = 0; row < b.captions.size(); ++row) {
+    std::string line = b.captions[row];
+    line.append(width - width_of(b.captions[row]), ' ');
+    for (size_t c = 0; c < b.columns.size(); ++c) line += cell(b.columns[c][row], widths[c]);
+    text += RTrim(line) + "\n";
+  }
+  return text + "\n";
+}
+
+std::string ResultsText(const ResultsScreen& screen) {
+  std::string text = BlockText(screen.utilities) + BlockText(screen.ejectors);
+  if (screen.show_condensers) text += BlockText(screen.condensers);
+  if (screen.show_pump) text += BlockText(screen.pump);
   return text;
 }
 

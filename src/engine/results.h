@@ -26,11 +26,19 @@ struct ResultsScreen {
   bool show_pump = false;
 };
 
+// The model of stage column `c` as the ejector block shows it: its name, "-" and its size, the pump's
+// column marked "LRVP".
+std::string EjectorModel(const DesignContext& ctx, int c);
+
 // The three blocks after a good run, in metric units when asked.
 ResultsScreen FillResults(const DesignContext& ctx, bool metric);
 
 // The blocks as the screen shows them, as text.
 std::string ResultsText(const ResultsScreen& screen);
+
+// One block as text: its title, the column heads when there are any, a line per caption; the columns as wide
+// as their widest text.
+std::string BlockText(const ResultsBlock& block);
 
 // The debugger grid: 161 rows of [label, C, B, A, AA, AAA, condenser label, AC, C2, C1,
 // table row label, AC, C2, C1]; the condenser table fills rows 1 to 160.
