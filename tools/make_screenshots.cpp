@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
   QtUi ui(nullptr);
   ui.set_unattended(true);
   MainWindow window(session, ui);
-  window.resize(1100, 720);
+  window.resize(1366, 768);  // a laptop's screen
   window.show();
   if (!window.Start()) return 1;
   bool ok = true;
@@ -61,11 +61,26 @@ int main(int argc, char** argv) {
     input->SSTabInput->setCurrentIndex(t);
     ok = Save(&window, folder, tabs[t]) && ok;
   }
-  input->DesignSystem();
-  QElapsedTimer timer;
-  timer.start();
-  while (window.Current() != Form::frmJET0 && timer.elapsed() < 10000) QCoreApplication::processEvents();
-  ok = Save(&window, folder, "design-results") && ok;
+  // Each example designed from the input window: its input, then its results.
+  auto* results = static_cast<frmJET0*>(window.PageOf(Form::frmJET0));
+  const auto design = [&](const char* example, const QString& name) {
+    if (window.Current() != Form::frmJetInput) window.SwapForms(window.Current(), Form::frmJetInput);
+    input->OpenFile(QString::fromStdString((session.data.paths.examples / example).string()));
+    input->SSTabInput->setCurrentIndex(0);
+    if (!name.isEmpty()) ok = Save(&window, folder, "design-input-" + name) && ok;
+    input->DesignSystem();
+    QElapsedTimer timer;
+    timer.start();
+    while (window.Current() != Form::frmJET0 && timer.elapsed() < 10000) QCoreApplication::processEvents();
+    ok = Save(&window, folder, name.isEmpty() ? "design-results" : "design-results-" + name) && ok;
+  };
+  design("SOLVENT-LOADS-THREE-STAGE.JET", "");
+  results->cmdDebugger->setChecked(true);
+  ok = Save(&window, folder, "design-results-debugger") && ok;
+  results->cmdDebugger->setChecked(false);
+  design("METRIC-TWO-STAGE.JET", "metric");
+  design("TWO-STAGE-LRVP.JET", "pump");
+  design("THREE-STAGE-DIRECT-CONTACT.JET", "direct-contact");
 
   window.SwapForms(Form::frmJET0, Form::ConvertForm);
   ok = Save(&window, folder, "conversions") && ok;

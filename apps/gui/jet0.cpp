@@ -2,10 +2,14 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QMenuBar>
+#include <QFontDatabase>
+#include <QHBoxLayout>
 #include <QScrollArea>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 #include "case/jet_file.h"
+#include "engine/design_summary.h"
 #include "engine/results.h"
 #include "pages.h"
 #include "trap.h"
@@ -35,7 +39,7 @@ QTableWidget* Frame(const ResultsBlock& block) {
   table->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
   table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  table->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+  table->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);  // never squeezed: the page scrolls instead
   table->setShowGrid(false);
   table->setAlternatingRowColors(true);
   return table;
@@ -73,20 +77,36 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   lblMessage = new QLabel;
   lblMessage->setStyleSheet("color: red; font-weight: bold;");
   layout->addWidget(lblMessage);
+  // The results on the left, what the design computed beside them on the right; both scroll together when
+  // the window is small. The debugger grid opens below, the two parted by a splitter the user can move.
   auto* scroll = new QScrollArea;
   scroll->setWidgetResizable(true);
   frames = new QWidget;
-  new QVBoxLayout(frames);
+  auto* columns = new QHBoxLayout(frames);
+  results_ = new QVBoxLayout;
+  details_ = new QVBoxLayout;
+  columns->addLayout(results_);
+  columns->addLayout(details_);
+  columns->addStretch();
   scroll->setWidget(frames);
-  layout->addWidget(scroll, 1);
+  splitter_ = new QSplitter(Qt::Vertical);
+  splitter_->addWidget(scroll);
+  Grid1 = new QTableWidget;
+  Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  Grid1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  Grid1->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  Grid1->hide();
+  splitter_->addWidget(Grid1);
+  splitter_->setChildrenCollapsible(false);
+  layout->addWidget(splitter_, 1);
   cmdDebugger = new QPushButton("Debugger");
   cmdDebugger->setCheckable(true);
   layout->addWidget(cmdDebugger, 0, Qt::AlignLeft);
-  Grid1 = new QTableWidget;
-  Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  Grid1->hide();
-  layout->addWidget(Grid1, 1);
-  connect(cmdDebugger, &QPushButton::toggled, Grid1, &QWidget::setVisible);
+  connect(cmdDebugger, &QPushButton::toggled, this, [this](bool on) {
+    Grid1->setVisible(on);
+    // Open, the grid takes two thirds of the height: enough rows to read beside the results.
+    if (on) splitter_->setSizes({splitter_->height() / 3, splitter_->height() - splitter_->height() / 3});
+  });
 }
 
 QString frmJET0::Caption() const {
@@ -94,28 +114,32 @@ QString frmJET0::Caption() const {
 }
 
 void frmJET0::ShowResults(bool results, const std::string& message) {
-  QLayout* layout = frames->layout();
-  while (QLayoutItem* item = layout->takeAt(0)) {
-    delete item->widget();
-    delete item;
+  for (QVBoxLayout* column : {results_, details_}) {
+    while (QLayoutItem* item = column->takeAt(0)) {
+      delete item->widget();
+      delete item;
+    }
   }
   lblMessage->setText(Q(message));
   lblMessage->setVisible(!message.empty());
   DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+  const auto add = [](QVBoxLayout* column, const ResultsBlock& block) {
+    auto* box = new QGroupBox(Q(block.title));
+    auto* l = new QVBoxLayout(box);
+    l->addWidget(Frame(block), 0, Qt::AlignLeft);
+    column->addWidget(box);
+  };
   if (results) {
-    const ResultsScreen r = FillResults(ctx, w_.screen.Metric());
-    auto add = [layout](const ResultsBlock& block) {
-      auto* box = new QGroupBox(Q(block.title));
-      auto* l = new QVBoxLayout(box);
-      l->addWidget(Frame(block), 0, Qt::AlignLeft);
-      layout->addWidget(box);
-    };
-    add(r.utilities);
-    add(r.ejectors);
-    if (r.show_condensers) add(r.condensers);
-    if (r.show_pump) add(r.pump);
+    const bool metric = w_.screen.Metric();
+    const ResultsScreen r = FillResults(ctx, metric);
+    add(results_, r.utilities);
+    add(results_, r.ejectors);
+    if (r.show_condensers) add(results_, r.condensers);
+    if (r.show_pump) add(results_, r.pump);
+    for (const ResultsBlock& block : SummaryBlocks(SummarizeDesign(ctx), metric)) add(details_, block);
   }
-  static_cast<QVBoxLayout*>(layout)->addStretch();
+  results_->addStretch();
+  details_->addStretch();
   const auto grid = DebuggerGrid(ctx);
   Grid1->clear();
   Grid1->setRowCount(static_cast<int>(grid.size()));
@@ -125,6 +149,7 @@ void frmJET0::ShowResults(bool results, const std::string& message) {
       Grid1->setItem(static_cast<int>(r), static_cast<int>(c), new QTableWidgetItem(Q(grid[r][c])));
     }
   }
+  Grid1->resizeColumnsToContents();
   cmdDebugger->setEnabled(results);
   if (!results) cmdDebugger->setChecked(false);
 }

@@ -9,9 +9,11 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSplitter>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTextEdit>
+#include <QVBoxLayout>
 #include <array>
 #include <vector>
 
@@ -102,6 +104,9 @@ class frmJET0 : public Page {
 
  private:
   MainWindow& w_;
+  QVBoxLayout* results_;  // the results blocks
+  QVBoxLayout* details_;  // what else the design computed, beside them
+  QSplitter* splitter_;   // the results above, the debugger grid below
 };
 
 class ConvertForm : public Page {
