@@ -198,6 +198,7 @@ bool Evaluate(NupreirScreen& screen, Ui& ui) {
     if (calc.variable_used) lines += expression + " = \r\n";
     lines += Trim(calc.echo) + " = " + Trim(GeneralText(result)) + "\r\n";
     screen.results += lines;
+    screen.value = result;
     screen.dirty = 1;
   } catch (const VbError& e) {
     ui.notice(e.description());

@@ -61,6 +61,7 @@ struct NupreirScreen {
   std::string expression;
   std::vector<std::string> history;  // newest first
   std::string results;               // the results box, lines ended by CR LF
+  float value = 0;                   // the value of the last expression evaluated
   std::string file;                  // the current GFR file, empty for a new one
   int16_t dirty = 0;
 };

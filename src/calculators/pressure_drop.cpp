@@ -113,6 +113,7 @@ void f(double flow, double& f1, double& f2, int& out_of_range) {
 
 bool Calculate_DP(DpScreen& s, Ui& ui, bool quiet) {
   s.results.clear();
+  s.velocity = s.equivalent_length = s.drop = 0;
   auto message = [&](const std::string& text) {
     if (!quiet) ui.notice(text);
   };
@@ -148,6 +149,7 @@ bool Calculate_DP(DpScreen& s, Ui& ui, bool quiet) {
       fittings += quantity[r];
     }
     const double factor = metric ? 0.3048 : 1.0;
+    s.equivalent_length = static_cast<float>(lt * factor);
 
     std::string out;
     static const char* kStandard[] = {"Flow (pph).............................", "Temperature (deg.F)....................",
@@ -168,8 +170,8 @@ bool Calculate_DP(DpScreen& s, Ui& ui, bool quiet) {
       message("Error: Velocity beyond 500 fps!!!");
       return false;
     }
-    out += Line(metric ? "Velocity (m/s)........................." : "Velocity (fps).........................",
-                metric ? v * 0.3048 : v);
+    s.velocity = static_cast<float>(metric ? v * 0.3048 : v);
+    out += Line(metric ? "Velocity (m/s)........................." : "Velocity (fps).........................", s.velocity);
     if (fittings > 0) {
       out += "\r\n               Description                Quantity   Equiv. lg " + std::string(metric ? "(m)" : "(ft)") +
              "\r\n";
@@ -224,7 +226,8 @@ bool Calculate_DP(DpScreen& s, Ui& ui, bool quiet) {
     }
     out += "\r\nTotal calculated pressure drop:" + FormatFixed(static_cast<float>(drop), 10.4f) + " mmHg\r\n";
     s.results = out;
-    s.total = Trim(FormatFixed(static_cast<float>(drop), 10.4f));
+    s.drop = static_cast<float>(drop);
+    s.total = Trim(FormatFixed(s.drop, 10.4f));
     if (hei && w / id < 20) message("Warning: W/d < 20 !  RESULTS NOT VALID PER HEI!");
   } catch (const VbError&) {
     message("Error in pressure drop calculation.  Check input and retry.");

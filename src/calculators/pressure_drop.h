@@ -20,6 +20,9 @@ struct DpScreen {
   std::array<std::string, kDpFields + 1> txtEV;  // 1..19
   std::string results;
   std::string total;
+  // The last calculation's values as singles, in the units the results box
+  // shows: velocity ft/s (m/s metric), total equivalent length ft (m), drop mmHg.
+  float velocity = 0, equivalent_length = 0, drop = 0;
   std::string file;
   int16_t dirty = 0;
 };

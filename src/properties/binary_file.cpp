@@ -8,9 +8,16 @@
 namespace kestrane {
 
 std::vector<char> ReadFileBytes(const std::filesystem::path& path) {
+  // A folder opens as a stream but fails at its first read, with an exception of the library's.
+  std::error_code ec;
+  if (!std::filesystem::is_regular_file(path, ec)) return {};
   std::ifstream in(path, std::ios::binary);
   if (!in) return {};
-  return std::vector<char>(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  try {
+    return std::vector<char>(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  } catch (const std::ios_base::failure&) {
+    return {};
+  }
 }
 
 int16_t LittleInt16(const std::vector<char>& bytes, size_t at) {

@@ -5,15 +5,13 @@
 #include <cstdlib>
 
 #include "properties/numeric.h"
+#include "properties/temperature_units.h"
 #include "properties/vb.h"
 #include "properties/vb_file.h"
 
 namespace kestrane {
 
 namespace {
-
-float ToFahrenheit(float celsius) { return celsius * 9 / 5 + 32; }
-float ToCelsius(float fahrenheit) { return (fahrenheit - 32) * 5 / 9; }
 
 // A damaged line: where and what.
 struct Damage {
@@ -132,7 +130,7 @@ bool UdvEdit(UdvScreen& screen, const UserVapors& user, int id, Ui& ui) {
     const float value = user.UDVDATA(row, field + 1);
     const bool temperature = field % 2 == 1;
     screen.TextUDV[static_cast<size_t>(field)] =
-        GeneralText(temperature && screen.fahrenheit ? ToFahrenheit(value) : value);
+        GeneralText(temperature && screen.fahrenheit ? FahrenheitOf(value) : value);
   }
   screen.TextUDV[7] = GeneralText(user.UDVDATA(row, 8));
   screen.TextUDV[8] = RTrim(user.UDVNAME(row));
@@ -199,9 +197,9 @@ bool ValidateUDV(const UdvScreen& screen, UserVapors& user, const std::filesyste
   }
   if (row < 1 || row > kMaxUserVapors) throw VbError(9);
   if (screen.fahrenheit) {
-    t1 = ToCelsius(t1);
-    t2 = ToCelsius(t2);
-    t3 = ToCelsius(t3);
+    t1 = CelsiusOf(t1);
+    t2 = CelsiusOf(t2);
+    t3 = CelsiusOf(t3);
   }
   const float values[] = {static_cast<float>(-row), t1, p1, t2, p2, t3, p3, mw, screen.alcohol ? 1.0f : 0.0f};
   for (int c = 1; c <= 9; ++c) user.UDVDATA(row, c) = values[c - 1];
@@ -238,7 +236,7 @@ std::vector<std::array<std::string, 10>> UdvGridRows(const UserVapors& user, boo
       const float value = user.UDVDATA(row, field + 1);
       const bool temperature = field % 2 == 1;
       cells[static_cast<size_t>(field + 2)] =
-          FormatFixed(temperature && fahrenheit ? ToFahrenheit(value) : value, 10.2f);
+          FormatFixed(temperature && fahrenheit ? FahrenheitOf(value) : value, 10.2f);
     }
     cells[9] = GeneralText(user.UDVDATA(row, 9));
     rows.push_back(cells);
@@ -251,7 +249,7 @@ UdvCurve UdvGraph(const Vapors& vapors, int16_t row, bool fahrenheit) {
   const auto& u = vapors.user.UDVDATA;
   const float t1 = u(row, 2), t3 = u(row, 6);
   const std::string unit = UnitText(fahrenheit);
-  const auto shown = [&](float celsius) { return fahrenheit ? ToFahrenheit(celsius) : celsius; };
+  const auto shown = [&](float celsius) { return fahrenheit ? FahrenheitOf(celsius) : celsius; };
   curve.title = GeneralText(u(row, 1)) + " ID# " + ": " + RTrim(vapors.user.UDVNAME(row)) + "   (MW:" +
                 GeneralText(u(row, 8)) + ")";
   curve.subtitle = "T-min=" + GeneralText(shown(t1)) + unit + "    T-max=" + GeneralText(shown(t3)) + unit;
@@ -263,7 +261,7 @@ UdvCurve UdvGraph(const Vapors& vapors, int16_t row, bool fahrenheit) {
   for (float t = t1; t <= t3 + 0.1f; t += step) {
     float pressure = 0;
     int16_t flag = 0;
-    AntoineUser(vapors, row, ToFahrenheit(t), pressure, flag);
+    AntoineUser(vapors, row, FahrenheitOf(t), pressure, flag);
     if (flag > 1) {
       curve.points.clear();
       return curve;

@@ -4,6 +4,7 @@
 
 #include "properties/binary_file.h"
 #include "properties/numeric.h"
+#include "properties/temperature_units.h"
 #include "properties/text_codec.h"
 #include "properties/vapors.h"
 #include "properties/vb.h"
@@ -13,9 +14,6 @@ namespace kestrane {
 namespace {
 
 constexpr size_t kRecordBytes = 97;
-
-// Celsius from Fahrenheit in singles, as every vapor pressure is taken.
-float Celsius(float fahrenheit) { return (fahrenheit - 32) * 5 / 9; }
 
 // 10 ^ (A - B / (C + t)), the Antoine equation in mmHg and degC.
 float AntoinePressure(float a, float b, float c, float t) {
@@ -69,7 +67,7 @@ void Antoine(const Vapors& vapors, int16_t id, float temperature, float& pressur
   try {
     // The data base's rows end at NPSAT; a row beyond is out of range.
     if (id > vapors.data.NPSAT) throw VbError(9);
-    const float tc = Celsius(temperature);
+    const float tc = CelsiusOf(temperature);
     const auto& d = vapors.data.PSATDATA;
     pressure = AntoinePressure(d(id, 2), d(id, 3), d(id, 4), tc);
     if (tc < d(id, 5) || tc > d(id, 6)) flag = 1;
@@ -83,7 +81,7 @@ void AntoineUser(const Vapors& vapors, int16_t index, float temperature, float& 
   flag = 0;
   try {
     if (index < 1 || index > vapors.user.NUDV) throw VbError(9);
-    const float tc = Celsius(temperature);
+    const float tc = CelsiusOf(temperature);
     const auto& u = vapors.user.UDVDATA;
     const float t1 = u(index, 2), p1 = u(index, 3), t2 = u(index, 4), p2 = u(index, 5), t3 = u(index, 6),
                 p3 = u(index, 7);

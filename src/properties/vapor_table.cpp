@@ -1,6 +1,7 @@
 // A vapor's pressures over a temperature range, for the vapor pressure window and command.
 #include "properties/vapor_table.h"
 
+#include "properties/temperature_units.h"
 #include "properties/user_vapors.h"
 
 namespace kestrane {
@@ -31,7 +32,7 @@ bool VaporTableRange(float tmin, float tmax, float step) {
 }
 
 bool VaporPressureTable(const Vapors& vapors, int16_t id, float tmin, float tmax, float step,
-                        std::vector<VaporTableRow>& rows) {
+                        std::vector<VaporTableRow>& rows, bool celsius) {
   rows.clear();
   if (!VaporTableRange(tmin, tmax, step)) return false;
   CountingUi ui(vapors.ui);
@@ -40,7 +41,7 @@ bool VaporPressureTable(const Vapors& vapors, int16_t id, float tmin, float tmax
   for (int k = 0; k <= count; ++k) {
     VaporTableRow row;
     row.t = tmin + static_cast<float>(k) * step;
-    Antoine(counted, id, row.t, row.pressure, row.flag);
+    Antoine(counted, id, celsius ? FahrenheitOf(row.t) : row.t, row.pressure, row.flag);
     if (ui.notices > 0) return false;  // an unknown vapor or points that cannot be fitted
     rows.push_back(row);
   }
