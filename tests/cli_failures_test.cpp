@@ -9,6 +9,7 @@
 
 namespace fs = std::filesystem;
 using kestrane::testing::Kestrane;
+using kestrane::testing::Quoted;
 using kestrane::testing::ReadBytes;
 using kestrane::testing::WriteBytes;
 
@@ -17,16 +18,9 @@ namespace {
 const fs::path kExamples = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles";
 const fs::path kShipped = fs::path(KESTRANE_CLI).parent_path() / "pgmfiles";
 
-std::string Quoted(const fs::path& p) { return "'" + p.string() + "'"; }
-
 // A scratch data folder with the shipped data, and cases made from the examples.
-class Failures : public kestrane::testing::ScratchFolder {
+class Failures : public kestrane::testing::DataFolder {
  protected:
-  void SetUp() override {
-    ScratchFolder::SetUp();
-    kestrane::testing::CopyProgramData(dir);
-  }
-  std::string Pgm() const { return "--pgmfiles " + Quoted(dir) + " "; }
   // An example case with some boxes changed, saved in the scratch folder.
   fs::path CaseWith(const std::string& example, const std::function<void(kestrane::InputScreen&)>& change) {
     kestrane::RecordingUi ui;
@@ -214,4 +208,78 @@ TEST_F(Failures, ADamagedVaporFileIsKeptBesideTheOneWrittenAfterIt) {
   EXPECT_NE(written.find("New"), std::string::npos);
   // The next run reads the new file whole: no further copy.
   EXPECT_TRUE(nlohmann::json::parse(Kestrane(Pgm() + "udv list --json").out)["notices"].empty());
+}
+
+TEST_F(Failures, AMisspeltCommandIsNamedWithTheCommandMeant) {
+  const struct {
+    std::string args, error;
+  } typed[] = {
+      {"desing " + Quoted(kExamples / "TWO-STAGE-LRVP.JET"), "Unknown command 'desing'. Did you mean 'design'?"},
+      {"vapor presure 3 100", "Unknown command 'vapor presure'. Did you mean 'vapor pressure'?"},
+      {"udv lsit", "Unknown command 'udv lsit'. Did you mean 'udv list'?"},
+      {"steam stat 212", "Unknown command 'steam stat'. Did you mean 'steam sat'?"},
+      {"--date 2026-01-02 nupreri 1+1", "Unknown command 'nupreri'. Did you mean 'nupreir'?"},
+      {"tabel 3 32 212 10", "Unknown command 'tabel'. Did you mean 'vapor table'?"},
+      {"vapor frob", "Unknown command 'vapor frob'. The vapor commands are: list, pressure, table."},
+      {"frobnicate",
+       "Unknown command 'frobnicate'. The commands are: startup, userinfo, steam, vapor, udv, check, design, stage, tc, "
+       "convert, dp, tailleg, gasflow, nupreir."}};
+  for (const auto& t : typed) {
+    const auto r = Kestrane(Pgm() + t.args);
+    EXPECT_EQ(r.exit_code, 2) << t.args;
+    EXPECT_EQ(r.err, t.error + "\n") << t.args;
+    EXPECT_TRUE(r.out.empty()) << t.args;
+    const auto json = Kestrane(Pgm() + t.args + " --json");
+    EXPECT_EQ(json.exit_code, 2);
+    const auto doc = nlohmann::json::parse(json.out);
+    EXPECT_EQ(doc["error"], t.error);
+    EXPECT_EQ(doc["exit_code"], 2);
+  }
+  // A known command with a missing argument keeps its own message.
+  EXPECT_EQ(Kestrane(Pgm() + "tc").err.find("CASE is required"), 0u);
+}
+
+TEST_F(Failures, AFileThatCannotBeReadIsNamedInTheError) {
+  const fs::path nowhere = dir / "nowhere";
+  const fs::path folder = dir / "a folder";
+  fs::create_directories(folder);
+  const struct {
+    std::string args;
+    fs::path file;
+  } reads[] = {{"check " + Quoted(nowhere / "A.JET"), nowhere / "A.JET"},
+               {"tc " + Quoted(nowhere / "A.TTC"), nowhere / "A.TTC"},
+               {"dp " + Quoted(nowhere / "A.TDP"), nowhere / "A.TDP"},
+               {"dp " + Quoted(folder), folder},
+               {"check " + Quoted(folder), folder}};
+  for (const auto& read : reads) {
+    for (const std::string json : {"", " --json"}) {
+      const auto r = Kestrane(Pgm() + read.args + json);
+      EXPECT_EQ(r.exit_code, 2) << read.args;
+      EXPECT_NE(r.err.find(read.file.string() + " could not be read."), std::string::npos) << read.args << ": " << r.err;
+      if (!json.empty()) {
+        EXPECT_NE(nlohmann::json::parse(r.out)["error"].get<std::string>().find(read.file.string()), std::string::npos);
+      }
+    }
+  }
+  // The program's data files and the user's vapors, each gone or unreadable in turn.
+  const struct {
+    const char* name;
+    std::string args;
+  } data[] = {{"CVRT.DTA", "convert list"},
+              {"MOLVBLG.DTA", "startup"},
+              {"PSAT.DTA", "startup"},
+              {"PSAT.DTA", "vapor list"},
+              {"UDV.DTA", "udv list"}};
+  for (const auto& d : data) {
+    const fs::path file = dir / d.name;
+    const std::string kept = fs::exists(file) ? ReadBytes(file) : "";
+    fs::remove(file);
+    fs::create_directories(file);  // a folder where the file belongs: there, but not a file to read
+    const auto r = Kestrane(Pgm() + d.args + " --json");
+    EXPECT_EQ(r.exit_code, 2) << d.args;
+    EXPECT_NE(r.err.find(file.string() + " could not be read."), std::string::npos) << d.args << ": " << r.err;
+    EXPECT_NE(nlohmann::json::parse(r.out)["error"].get<std::string>().find(file.string()), std::string::npos) << d.args;
+    fs::remove(file);
+    if (!kept.empty()) WriteBytes(file, kept);
+  }
 }

@@ -118,4 +118,18 @@ class ScratchFolder : public ::testing::Test {
   std::filesystem::path dir;
 };
 
+// A path quoted for the shell.
+inline std::string Quoted(const std::filesystem::path& p) { return "'" + p.string() + "'"; }
+
+// A scratch folder holding the shipped data, used as the program's data
+// folder by the commands given Pgm() before their command.
+class DataFolder : public ScratchFolder {
+ protected:
+  void SetUp() override {
+    ScratchFolder::SetUp();
+    CopyProgramData(dir);
+  }
+  std::string Pgm() const { return "--pgmfiles " + Quoted(dir) + " "; }
+};
+
 }  // namespace kestrane::testing

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -9,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "json_text.h"
 #include "shell/session.h"
 #include "shell/ui.h"
 
@@ -41,11 +43,33 @@ struct Failure {
   int exit_code;
   std::string error;
   std::vector<std::string> notices;  // shown before the failure
+  bool told = false;                 // the notices said it all: text mode adds no line of its own
 };
 
 [[noreturn]] inline void Fail(int exit_code, const std::string& error, const RecordingUi& ui) {
   throw Failure{exit_code, error, ui.notices};
 }
+
+// The error of a file that cannot be read, naming it: "The case /path/A.JET could not be read."
+inline std::string UnreadableText(const std::string& what, const std::filesystem::path& file) {
+  return what + " " + file.string() + " could not be read.";
+}
+
+// A file error: the file named by UnreadableText.
+[[noreturn]] inline void FailToRead(const std::string& what, const std::filesystem::path& file, const RecordingUi& ui) {
+  Fail(kExitUsage, UnreadableText(what, file), ui);
+}
+
+// A refusal that the notices (or the window's silence) already gave in text
+// mode, as the program has always shown it; JSON mode still names the error.
+[[noreturn]] inline void Refuse(const std::string& error, const RecordingUi& ui) {
+  throw Failure{kExitRefused, error, ui.notices, true};
+}
+
+// The message for a command word that names no command (the nearest command
+// offered, when one is near), from the words after the program's name; empty
+// when every command word is known.
+std::string UnknownCommandMessage(const CLI::App& app, const std::vector<std::string>& args);
 
 // The check of a number argument: a number as the program reads one (no
 // thousands commas) that a Single can hold; CLI11 names the argument it refuses.
@@ -72,13 +96,10 @@ void LoadVapors(Session& session, RecordingUi& ui);
 // Reads everything a design needs: steam table, design curves and tables, vapors, pumps.
 void LoadDesignData(Session& session, RecordingUi& ui);
 
-// Prints a JSON document on standard output.
+// Prints a JSON document on standard output, its numbers in their shortest form (JsonText).
 void PrintJson(const nlohmann::json& doc);
 // Whether a JSON document was printed.
 bool JsonPrinted();
-
-// A single as a JSON number: the float's exact value.
-inline nlohmann::json JsonSingle(float value) { return static_cast<double>(value); }
 
 // The command groups, each adding its subcommands to the application.
 void AddStartupCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);

@@ -21,7 +21,7 @@ int Check(const GlobalOptions& options, const CheckArgs& args) {
   LoadSteamTable(*session, ui);
   LoadVapors(*session, ui);
   InputScreen screen = NewCase();
-  if (!OpenCase(args.file, screen, ui)) Fail(kExitUsage, "The case " + args.file + " could not be read.", ui);
+  if (!OpenCase(args.file, screen, ui)) FailToRead("The case", args.file, ui);
   AppData& data = session->data;
   DesignCase& dc = session->design;
   const Steam steam{data.steam, ui};

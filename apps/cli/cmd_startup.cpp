@@ -22,6 +22,14 @@ int RunStartup(const GlobalOptions& options, bool json) {
   const AppData& data = session->data;
   const Constants& c = data.constants;
   const std::string today = FormatDate(session->Today());
+  // The sequence stops only at a steam table or vapor data base it cannot read: the step it stopped at names the file.
+  std::string error;
+  if (!started) {
+    const bool vapors = !ui.statuses.empty() && ui.statuses.back() == kStartProgressTexts[2];
+    error = vapors ? UnreadableText("The vapor data base", data.paths.DataFile(kVaporFile))
+                   : UnreadableText("The steam table", data.paths.DataFile(kSteamFile));
+    std::cerr << error << '\n';
+  }
 
   if (json) {
     nlohmann::json doc;
@@ -32,6 +40,10 @@ int RunStartup(const GlobalOptions& options, bool json) {
     doc["userdata"] = data.paths.userdata.string();
     doc["userinfo"] = UserInfoStateName(data.userinfo_state);
     doc["today"] = today;
+    if (!started) {
+      doc["error"] = error;
+      doc["exit_code"] = kExitUsage;
+    }
     PrintJson(doc);
     return started ? kExitDone : kExitUsage;
   }

@@ -86,25 +86,28 @@ void AddSteamCommand(CLI::App& app, const GlobalOptions& options, int& exit_code
     const char* name;
     const char* help;
     const char* x_name;
+    const char* x_help;
     StateFrom from;
   };
   static const Form forms[] = {
-      {"pt", "State from pressure and temperature (0 for saturated vapor)", "T", StateFrom::kTemperature},
-      {"ph", "State from pressure and enthalpy (Btu/lb)", "H", StateFrom::kEnthalpy},
-      {"ps", "State from pressure and entropy (Btu/lb-F)", "S", StateFrom::kEntropy}};
+      {"pt", "State from pressure and temperature (0 for saturated vapor)", "T", "Temperature, degF (0 for saturated vapor)",
+       StateFrom::kTemperature},
+      {"ph", "State from pressure and enthalpy (Btu/lb)", "H", "Enthalpy, Btu/lb", StateFrom::kEnthalpy},
+      {"ps", "State from pressure and entropy (Btu/lb-F)", "S", "Entropy, Btu/lb-F", StateFrom::kEntropy}};
   for (const Form& form : forms) {
     auto args = std::make_shared<SteamArgs>();
     auto* cmd = group->add_subcommand(form.name, form.help);
     cmd->add_option("P", args->p, "Pressure, mmHgA")->required()->check(SingleNumber());
-    cmd->add_option(form.x_name, args->x, form.help)->required()->check(SingleNumber());
-    cmd->add_flag("--json", args->json, "Print t, h, s, v, moisture, failed and notices as JSON");
+    cmd->add_option(form.x_name, args->x, form.x_help)->required()->check(SingleNumber());
+    cmd->add_flag("--json", args->json,
+                  "Print t (degF), h (Btu/lb), s (Btu/lb-F), v (ft3/lb), moisture (%), failed and notices as JSON");
     const StateFrom from = form.from;
     cmd->callback([&options, &exit_code, args, from] { exit_code = RunState(options, from, *args); });
   }
   auto args = std::make_shared<SteamArgs>();
   auto* sat = group->add_subcommand("sat", "Saturation pressure (mmHgA) at a temperature");
   sat->add_option("T", args->x, "Temperature, degF")->required()->check(SingleNumber());
-  sat->add_flag("--json", args->json, "Print p, failed and notices as JSON");
+  sat->add_flag("--json", args->json, "Print p (mmHgA), failed and notices as JSON");
   sat->callback([&options, &exit_code, args] { exit_code = RunSat(options, *args); });
 }
 

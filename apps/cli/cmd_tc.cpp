@@ -21,7 +21,7 @@ int Tc(const GlobalOptions& options, const TcArgs& args) {
   CliUi ui(args.json);
   LoadDesignData(*session, ui);
   TCInputScreen screen;
-  if (!OpenTCFile(args.file, screen, ui)) Fail(kExitUsage, "The case " + args.file + " could not be read.", ui);
+  if (!OpenTCFile(args.file, screen, ui)) FailToRead("The case", args.file, ui);
   DesignCase& dc = session->design;
   TcInput tcin;
   const int16_t err = CheckTCInput(screen, dc, tcin, Steam{session->data.steam, ui}, ui);

@@ -1,6 +1,7 @@
 // kestrane udv list|add|edit|delete|graph: user defined vapors in UDV.DTA, with the checks of the user vapor window.
 #include <array>
 #include <cstdio>
+#include <fstream>
 
 #include "cli.h"
 #include "properties/user_vapors.h"
@@ -27,10 +28,17 @@ struct UdvArgs {
 };
 
 
-// The session with the vapors loaded.
+// The session with the vapors loaded. A user vapor file that is there but
+// cannot be opened (a folder, no permission) is a file error: every command
+// here reads or writes it. A damaged one is read up to its damage.
 std::unique_ptr<Session> Load(const GlobalOptions& options, CliUi& ui) {
   auto session = MakeSession(options);
   LoadVapors(*session, ui);
+  const std::filesystem::path file = session->data.paths.UserDataFile(kUserVaporFile);
+  std::error_code ec;
+  if (std::filesystem::exists(file, ec) && !(std::filesystem::is_regular_file(file, ec) && std::ifstream(file).is_open())) {
+    FailToRead("The user defined vapors file", file, ui);
+  }
   return session;
 }
 
@@ -94,7 +102,7 @@ int FillAndUpdate(UdvScreen& screen, Session& session, const UdvArgs& args, CliU
   }
   if (!UdvUpdate(screen, user, file, ui)) {
     UdvAbortChange(screen, user, file, ui);
-    Fail(kExitRefused, "The vapor was refused; " + file.filename().string() + " is unchanged.", ui);
+    Fail(kExitRefused, "The vapor was refused; " + file.string() + " is unchanged.", ui);
   }
   if (args.json) {
     PrintJson({{"id", CInt(Val(screen.TextUDV[0]))}, {"NUDV", user.NUDV}, {"notices", ui.notices}});
@@ -164,9 +172,14 @@ int Graph(const GlobalOptions& options, const UdvArgs& args) {
 }
 
 void AddFieldOptions(CLI::App* cmd, UdvArgs& args) {
-  const char* help[] = {"T1, the lowest temperature",  "P1 at T1, mmHgA", "T2, the middle temperature",
-                        "P2 at T2, mmHgA",              "T3, the highest temperature", "P3 at T3, mmHgA",
-                        "Molecular weight",             "Name (cut at 20 characters)"};
+  const char* help[] = {"T1, the lowest temperature, degC (degF with --fahrenheit)",
+                        "P1 at T1, mmHgA",
+                        "T2, the middle temperature, degC (degF with --fahrenheit)",
+                        "P2 at T2, mmHgA",
+                        "T3, the highest temperature, degC (degF with --fahrenheit)",
+                        "P3 at T3, mmHgA",
+                        "Molecular weight, lb/lb-mol",
+                        "Name (cut at 20 characters)"};
   for (size_t k = 0; k < kFieldOptions.size(); ++k) args.given[k] = cmd->add_option(kFieldOptions[k], args.fields[k], help[k]);
   args.alcohol_given = cmd->add_flag("--alcohol", args.alcohol, "Mark the vapor as an alcohol");
   cmd->add_flag("--not-alcohol", args.not_alcohol, "Clear the alcohol mark");
@@ -182,7 +195,7 @@ void AddUdvCommand(CLI::App& app, const GlobalOptions& options, int& exit_code) 
   auto args = std::make_shared<UdvArgs>();
 
   auto* list = group->add_subcommand("list", "List the user defined vapors");
-  list->add_flag("--fahrenheit", args->fahrenheit, "Show temperatures in degF");
+  list->add_flag("--fahrenheit", args->fahrenheit, "Show temperatures in degF (default degC, as stored)");
   list->add_flag("--json", args->json, "Print the vapors as JSON");
   list->callback([&options, &exit_code, args] { exit_code = List(options, *args); });
 
@@ -206,7 +219,7 @@ void AddUdvCommand(CLI::App& app, const GlobalOptions& options, int& exit_code) 
 
   auto* graph = group->add_subcommand("graph", "The vapor pressure curve of a vapor, T1 to T3 in 40 steps");
   graph->add_option("ID", args->id, "Vapor ID, -1 to -50")->required();
-  graph->add_flag("--fahrenheit", args->fahrenheit, "Temperatures in degF");
+  graph->add_flag("--fahrenheit", args->fahrenheit, "Temperatures in degF (default degC); pressures are mmHgA");
   graph->add_flag("--json", args->json, "Print the curve as JSON");
   graph->callback([&options, &exit_code, args] { exit_code = Graph(options, *args); });
 }

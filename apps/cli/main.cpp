@@ -21,9 +21,11 @@ void PrintFailure(bool json, int exit_code, const std::string& error, const std:
   if (json) kestrane::cli::PrintJson({{"error", error}, {"exit_code", exit_code}, {"notices", notices}});
 }
 
-// The failure on standard error, and as a JSON object with --json; its exit status.
-int Report(bool json, int exit_code, const std::string& error, const std::vector<std::string>& notices = {}) {
-  if (!error.empty()) std::cerr << error << '\n';
+// The failure on standard error (unless the notices told it already, in text
+// mode), and as a JSON object with --json; its exit status.
+int Report(bool json, int exit_code, const std::string& error, const std::vector<std::string>& notices = {},
+           bool told = false) {
+  if (!error.empty() && (json || !told)) std::cerr << error << '\n';
   PrintFailure(json, exit_code, error, notices);
   return exit_code;
 }
@@ -66,11 +68,14 @@ int main(int argc, char** argv) {
   } catch (const CLI::CallForVersion& e) {
     return app.exit(e);
   } catch (const CLI::ParseError& e) {
+    // A misspelt command is named, with the command nearest to it.
+    const std::string unknown = cli::UnknownCommandMessage(app, std::vector<std::string>(argv + 1, argv + argc));
+    if (!unknown.empty()) return Report(json, cli::kExitUsage, unknown);
     app.exit(e);  // the message and the pointer to --help on standard error
     PrintFailure(json, cli::kExitUsage, e.what());
     return cli::kExitUsage;
   } catch (const cli::Failure& f) {
-    return Report(json, f.exit_code, f.error, f.notices);
+    return Report(json, f.exit_code, f.error, f.notices, f.told);
   } catch (const std::exception&) {
     // An arithmetic or data fault that no routine traps: report it, never crash.
     return Report(json, cli::kExitUsage, RunTimeErrorText(CaughtError()));

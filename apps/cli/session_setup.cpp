@@ -47,13 +47,13 @@ std::unique_ptr<Session> MakeSession(const GlobalOptions& options) {
 
 void LoadSteamTable(Session& session, RecordingUi& ui) {
   const std::filesystem::path file = session.data.paths.DataFile(kSteamFile);
-  if (!ReadSteamData(file, session.data.steam, ui)) Fail(kExitUsage, "The steam table " + file.string() + " could not be read.", ui);
+  if (!ReadSteamData(file, session.data.steam, ui)) FailToRead("The steam table", file, ui);
 }
 
 void LoadVapors(Session& session, RecordingUi& ui) {
   AppData& data = session.data;
   const std::filesystem::path file = data.paths.DataFile(kVaporFile);
-  if (!ReadPsat(file, data.vapors, ui)) Fail(kExitUsage, "The vapor data base " + file.string() + " could not be read.", ui);
+  if (!ReadPsat(file, data.vapors, ui)) FailToRead("The vapor data base", file, ui);
   ReadUDV(data.paths.UserDataFile(kUserVaporFile), data.user_vapors, ui);
 }
 
@@ -71,7 +71,7 @@ bool json_printed = false;
 }  // namespace
 
 void PrintJson(const nlohmann::json& doc) {
-  std::cout << doc.dump(2) << '\n';
+  std::cout << JsonText(doc) << '\n';
   json_printed = true;
 }
 
