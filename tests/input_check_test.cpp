@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "case/check_input.h"
+#include "properties/vapor_search.h"
 #include "properties/water_properties.h"
 #include "test_support.h"
 
@@ -389,4 +390,155 @@ TEST_F(InputCheck, MotiveTemperatureMustBeZeroOrSuperheated) {
   screen.txtInput[4] = "0";
   EXPECT_TRUE(ChkTxtInput(screen, motive, steam, ui));
   EXPECT_EQ(screen.txtInputA[4], "      0.0000") << "0 stays 0: dry and saturated";
+}
+
+// --- The boxes a check refuses, for the window to mark ----------------------------------------------------
+
+namespace {
+
+// The refused boxes as "group:index notice" lines, in the order the check refused them.
+std::vector<std::string> RefusedLines(const InputScreen& screen) {
+  std::vector<std::string> lines;
+  for (const RefusedBox& r : screen.refused) {
+    lines.push_back(std::to_string(static_cast<int>(r.box.group)) + ":" + std::to_string(r.box.index) + " " + r.notice);
+  }
+  return lines;
+}
+
+std::string Line(BoxGroup group, int index, std::string_view notice) {
+  return std::to_string(static_cast<int>(group)) + ":" + std::to_string(index) + " " + std::string(notice);
+}
+
+}  // namespace
+
+TEST_F(InputCheck, TheLimitCheckNamesEachRefusedBoxWithItsNoticeInTheNoticesOrder) {
+  screen.txtInput[0] = "0.5";
+  screen.txtInput[3] = "300";
+  screen.txtInput[6] = "90";
+  SelectOption(screen, screen.OptionCondenserType, 0);
+  screen.txtInput[7] = "0.2";
+  EXPECT_EQ(Check(), 1);
+  const std::vector<std::string> expected = {
+      Line(BoxGroup::kInput, 0, "Suction pressure outside the range: (1 - 500 mmHga)"),
+      Line(BoxGroup::kInput, 3, "Motive pressure outside the range: (50 - 250 psig)"),
+      Line(BoxGroup::kInput, 6, "Cooling Water Outlet Temperature is outside allowed range"),
+      Line(BoxGroup::kInput, 7, "Overall fouling factor outside the range.")};
+  EXPECT_EQ(RefusedLines(screen), expected);
+  // The notice box is the refused notices, a line each, as before.
+  std::string box;
+  for (const RefusedBox& r : screen.refused) box += r.notice + "\r\n";
+  EXPECT_EQ(ui.notices, std::vector<std::string>{box});
+}
+
+TEST_F(InputCheck, OverflowingBoxesAreRefusedByTheirOwnBoxIncludingVaporIds) {
+  screen.txtCpph[2] = "1e39";
+  screen.txtCID[3] = "40000";
+  screen.txtNCMW[4] = "-4e38";
+  EXPECT_EQ(Check(), 1);
+  const std::vector<std::string> expected = {
+      Line(BoxGroup::kCpph, 2, "Run-time error 6: Overflow in the flow of condensible load 3 (1e39)."),
+      Line(BoxGroup::kCID, 3, "Run-time error 6: Overflow in the vapor ID of condensible load 4 (40000)."),
+      Line(BoxGroup::kNCMW, 4, "Run-time error 6: Overflow in the molecular weight of non-condensible load 5 (-4e38).")};
+  EXPECT_EQ(RefusedLines(screen), expected);
+}
+
+TEST_F(InputCheck, RefusalsLaterInTheCheckNameTheirBoxes) {
+  // An unknown vapor and no gas load: the ID box, and the first gas row's flow and weight.
+  screen.txtCID[1] = "1999";
+  screen.txtCpph[1] = "10";
+  screen.txtNCpph[0] = "";
+  EXPECT_EQ(Check(), 1);
+  const std::string gas = "NOTE: A minimum of 1 non-condensible load is required!";
+  EXPECT_EQ(RefusedLines(screen),
+            (std::vector<std::string>{
+                Line(BoxGroup::kCID, 1, "Condensible load 2: vapor ID 1999 is not in the vapor data base."),
+                Line(BoxGroup::kNCpph, 0, gas), Line(BoxGroup::kNCMW, 0, gas)}));
+  // Too much compression for the first stage: suction pressure and water temperature, either may change.
+  screen.txtCID[1] = "3";
+  screen.txtNCpph[0] = "20";
+  screen.txtInput[0] = "1";
+  screen.txtInput[5] = "125";
+  EXPECT_EQ(Check(), 1);
+  ASSERT_EQ(screen.refused.size(), 2u);
+  EXPECT_EQ(screen.refused[0].box, (BoxRef{BoxGroup::kInput, 0}));
+  EXPECT_EQ(screen.refused[1].box, (BoxRef{BoxGroup::kInput, 5}));
+  EXPECT_EQ(screen.refused[0].notice.rfind("Error: The compression range of the first stage ejector", 0), 0u);
+}
+
+TEST_F(InputCheck, ACheckThatPassesOrOnlyAdvisesLeavesNoBoxRefused) {
+  screen.txtInput[2] = "750";
+  EXPECT_EQ(Check(), 1);
+  EXPECT_EQ(screen.refused.size(), 1u);
+  screen.txtInput[2] = "770";
+  screen.txtInput[0] = "150";  // the stage advice is a notice, not a refusal
+  screen.chkboxPreCondenser = 1;
+  SelectOption(screen, screen.OptionCondenserType, 3);  // and so is the precondenser warning
+  EXPECT_EQ(Check(), 0);
+  EXPECT_NE(Box().find("Precondenser option"), std::string::npos);
+  EXPECT_TRUE(screen.refused.empty());
+}
+
+TEST_F(InputCheck, ALeaveCheckMarksItsBoxAndItsPairUntilAValueInEitherPasses) {
+  const BoxRef suction{BoxGroup::kInput, 0}, suction_kpa{BoxGroup::kInputA, 0};
+  screen.txtInput[0] = "600";
+  EXPECT_FALSE(ChkTxtInput(screen, suction, steam, ui));
+  EXPECT_EQ(RefusalOf(screen, suction), "Suction pressure outside the range: (1 - 500 mmHga)");
+  EXPECT_EQ(RefusalOf(screen, suction_kpa), RefusalOf(screen, suction)) << "the pair shows the same value";
+  EXPECT_EQ(RefusalOf(screen, {BoxGroup::kInput, 1}), "");
+  screen.txtInput[0] = "1,5";
+  EXPECT_FALSE(ChkTxtInput(screen, suction, steam, ui));
+  EXPECT_EQ(RefusalOf(screen, suction), "Please enter a number (without commas) in this box.") << "the latest refusal only";
+  screen.txtInputA[0] = "8";
+  EXPECT_TRUE(ChkTxtInput(screen, suction_kpa, steam, ui));
+  EXPECT_EQ(RefusalOf(screen, suction), "");
+  EXPECT_TRUE(screen.refused.empty());
+}
+
+TEST_F(InputCheck, ABoxRefusedByTheInputCheckStaysMarkedUntilANewValuePasses) {
+  screen.txtInput[3] = "300";
+  EXPECT_EQ(Check(), 1);
+  ASSERT_NE(RefusalOf(screen, {BoxGroup::kInputA, 3}), "");
+  // A refused value left as it is stays marked; a new value that fails its leave check too.
+  EXPECT_FALSE(ChkTxtInput(screen, {BoxGroup::kInput, 3}, steam, ui));
+  screen.txtInput[3] = "150";
+  EXPECT_TRUE(ChkTxtInput(screen, {BoxGroup::kInput, 3}, steam, ui));
+  EXPECT_EQ(RefusalOf(screen, {BoxGroup::kInput, 3}), "");
+  // A vapor ID has no leave check: the same text keeps the mark, a new one lifts it and is an edit.
+  screen.txtCID[2] = "1999";
+  screen.txtCpph[2] = "5";
+  EXPECT_EQ(Check(), 1);
+  const BoxRef id{BoxGroup::kCID, 2};
+  screen.CASEDIRTY = 0;
+  EditVaporId(screen, 2, "1999");
+  EXPECT_NE(RefusalOf(screen, id), "");
+  EXPECT_EQ(screen.CASEDIRTY, 0);
+  EditVaporId(screen, 2, "3");
+  EXPECT_EQ(RefusalOf(screen, id), "");
+  EXPECT_EQ(screen.txtCID[2], "3");
+  EXPECT_EQ(screen.CASEDIRTY, 1);
+  EXPECT_EQ(screen.Box(id), "3");
+}
+
+TEST(InputScreenModel, TheCaptionBesideAVaporIdNamesTheVaporTheCheckWouldRead) {
+  const VaporData& data = Shipped().vapors;
+  const UserVapors& user = Shipped().user;
+  EXPECT_EQ(VaporIdCaption(data, user, 1, "3"), Trim(data.PSATNAME(3)));
+  EXPECT_EQ(VaporIdCaption(data, user, 1, " 2.6 "), Trim(data.PSATNAME(3))) << "rounded as the check rounds";
+  EXPECT_EQ(VaporIdCaption(data, user, 1, "-1"), "Mine");
+  EXPECT_EQ(VaporIdCaption(data, user, 0, "WATER"), "WATER");
+  EXPECT_EQ(VaporIdCaption(data, user, 1, ""), "");
+  EXPECT_EQ(VaporIdCaption(data, user, 1, "  "), "");
+  for (const char* none : {"1999", "-2", "0", "abc", "40000"}) {
+    EXPECT_EQ(VaporIdCaption(data, user, 1, none), "No vapor has this ID.") << none;
+  }
+}
+
+TEST(InputScreenModel, UserVaporsAreSearchedByNameAsTheBuiltInGridIs) {
+  UserVapors user = Shipped().user;
+  user.NUDV = 2;
+  user.UDVNAME(2) = "Blend B             ";
+  const auto rows = UserVaporGridText(user);
+  EXPECT_EQ(rows, (std::vector<std::vector<std::string>>{{"Mine"}, {"Blend B"}}));
+  EXPECT_EQ(SearchVaporRows(rows, "blend", 0, true).row, 2);
+  EXPECT_EQ(SearchVaporRows(rows, "MINE", 2, false).row, 1);
 }

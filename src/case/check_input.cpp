@@ -14,6 +14,12 @@ namespace {
 
 float Number(const std::string& text) { return CSng(Val(text)); }
 
+constexpr std::string_view kCompressionMessage =
+    "Error: The compression range of the first stage ejector exceeds the capability of this program. Consult "
+    "Tessel Corporation.  To avoid this error, either increase the suction pressure or decrease the cooling water "
+    "temperature.";
+constexpr std::string_view kNoGasMessage = "NOTE: A minimum of 1 non-condensible load is required!";
+
 void Add(std::string& notices, std::string_view message) {
   notices += message;
   notices += "\r\n";
@@ -22,26 +28,32 @@ void Add(std::string& notices, std::string_view message) {
 // The boxes the check reads as Singles (and the vapor IDs as 16-bit integers):
 // a number beyond their range is error 6, refused here with the box named
 // before any of them is read.
-void RefuseOverflowingBoxes(const InputScreen& screen, std::string& notices) {
+void RefuseOverflowingBoxes(InputScreen& screen, std::string& notices) {
   static const char* const kMainBoxes[] = {"suction pressure",  "suction temperature", "discharge pressure",
                                            "motive pressure",   "motive temperature",  "cooling water inlet temperature",
                                            "cooling water outlet temperature", "fouling factor"};
-  const auto check = [&](const std::string& text, const std::string& what, bool integer) {
-    const std::string notice = OverflowNotice(what, text, integer);
-    if (!notice.empty()) Add(notices, notice);
+  const auto check = [&](BoxRef box, const std::string& what, bool integer) {
+    const std::string notice = OverflowNotice(what, screen.Box(box), integer);
+    if (notice.empty()) return;
+    Add(notices, notice);
+    RefuseBox(screen, box, notice);
   };
-  for (size_t i = 0; i < screen.txtInput.size(); ++i) check(screen.txtInput[i], kMainBoxes[i], false);
-  const auto costs = CostCaptions(screen.Metric());
-  for (size_t i = 0; i < screen.txtCost.size(); ++i) check(screen.txtCost[i], Trim(costs[i]), false);
-  for (size_t row = 0; row <= 9; ++row) {
-    const std::string load = " of " + std::string(row == 0 ? "the water load" : "condensible load " + std::to_string(row + 1));
-    check(screen.txtCpph[row], "flow" + load, false);
-    if (row > 0) check(screen.txtCID[row], "vapor ID" + load, true);
+  for (int i = 0; i < static_cast<int>(screen.txtInput.size()); ++i) {
+    check({BoxGroup::kInput, i}, kMainBoxes[i], false);
   }
-  for (size_t row = 0; row <= 9; ++row) {
+  const auto costs = CostCaptions(screen.Metric());
+  for (int i = 0; i < static_cast<int>(screen.txtCost.size()); ++i) {
+    check({BoxGroup::kCost, i}, Trim(costs[static_cast<size_t>(i)]), false);
+  }
+  for (int row = 0; row <= 9; ++row) {
+    const std::string load = " of " + std::string(row == 0 ? "the water load" : "condensible load " + std::to_string(row + 1));
+    check({BoxGroup::kCpph, row}, "flow" + load, false);
+    if (row > 0) check({BoxGroup::kCID, row}, "vapor ID" + load, true);
+  }
+  for (int row = 0; row <= 9; ++row) {
     const std::string load = " of non-condensible load " + std::to_string(row + 1);
-    check(screen.txtNCpph[row], "flow" + load, false);
-    check(screen.txtNCMW[row], "molecular weight" + load, false);
+    check({BoxGroup::kNCpph, row}, "flow" + load, false);
+    check({BoxGroup::kNCMW, row}, "molecular weight" + load, false);
   }
 }
 
@@ -104,10 +116,7 @@ void CheckRc(float psuct, float tw, int16_t& err, const Steam& steam, std::strin
   const double ratio = std::sqrt(pw / psuct);
   if (ratio > 12) {
     err = 1;
-    Add(notices,
-        "Error: The compression range of the first stage ejector exceeds the capability of this program. Consult "
-        "Tessel Corporation.  To avoid this error, either increase the suction pressure or decrease the cooling water "
-        "temperature.");
+    Add(notices, kCompressionMessage);
   }
 }
 
@@ -116,6 +125,7 @@ int16_t CheckInput(InputScreen& screen, DesignCase& dc, float& pinterfix, const 
   int16_t err = 0;
   const auto& in = screen.txtInput;
 
+  screen.refused.clear();
   RefuseOverflowingBoxes(screen, notices);
   if (!notices.empty()) {
     services.ui.notice(notices);
@@ -132,10 +142,16 @@ int16_t CheckInput(InputScreen& screen, DesignCase& dc, float& pinterfix, const 
   dc.TWATERIN = values[5];
   for (int row : {0, 1, 2, 3, 5}) {
     const InputLimit limit = *MainInputLimit(row);
-    if (values[row] < limit.low || values[row] > limit.high) Add(notices, limit.message);
+    if (values[row] < limit.low || values[row] > limit.high) {
+      Add(notices, limit.message);
+      RefuseBox(screen, {BoxGroup::kInput, row}, limit.message);
+    }
   }
   const float w = Number(in[6]);
-  if (w > 0 && w < dc.TWATERIN + 15) Add(notices, kWaterOutletMessage);
+  if (w > 0 && w < dc.TWATERIN + 15) {
+    Add(notices, kWaterOutletMessage);
+    RefuseBox(screen, {BoxGroup::kInput, 6}, kWaterOutletMessage);
+  }
 
   dc.CNDTYPE = 1;
   dc.CNDTS = screen.OptionCondenserType[1] != 0 ? 1 : 0;
@@ -144,6 +160,7 @@ int16_t CheckInput(InputScreen& screen, DesignCase& dc, float& pinterfix, const 
   const float fouling = Number(in[7]);
   if (dc.CNDTYPE == 1 && (fouling < kFoulingLimit.low || fouling > kFoulingLimit.high)) {
     Add(notices, kFoulingLimit.message);
+    RefuseBox(screen, {BoxGroup::kInput, 7}, kFoulingLimit.message);
   }
   if (!notices.empty()) {
     services.ui.notice(notices);
@@ -155,7 +172,14 @@ int16_t CheckInput(InputScreen& screen, DesignCase& dc, float& pinterfix, const 
     Add(notices, "Warning: Precondenser option cannot be used unless type of condenser (S&T or Direct Contact) is "
                  "selected.");
   }
-  if (dc.PSUCT < 13 && dc.CNDTYPE > 0) CheckRc(dc.PSUCT, dc.TWATERIN, err, services.steam, notices);
+  if (dc.PSUCT < 13 && dc.CNDTYPE > 0) {
+    CheckRc(dc.PSUCT, dc.TWATERIN, err, services.steam, notices);
+    if (err != 0) {
+      // Either a higher suction pressure or colder water brings the compression back in range.
+      RefuseBox(screen, {BoxGroup::kInput, 0}, kCompressionMessage);
+      RefuseBox(screen, {BoxGroup::kInput, 5}, kCompressionMessage);
+    }
+  }
 
   dc.USELRVP = screen.chkboxLRVP == 1 ? 1 : 0;
   dc.CYCLES = screen.OptionCycles[1] != 0 ? 1 : 0;
@@ -190,8 +214,10 @@ int16_t CheckInput(InputScreen& screen, DesignCase& dc, float& pinterfix, const 
     if (!(flow > 0) || id == 0) continue;
     const bool known = id > 0 ? id <= services.vapors.data.NPSAT : -id <= services.vapors.user.NUDV;
     if (!known) {
-      Add(notices, "Condensible load " + std::to_string(row + 1) + ": vapor ID " + std::to_string(id) +
-                       " is not in the vapor data base.");
+      const std::string notice = "Condensible load " + std::to_string(row + 1) + ": vapor ID " + std::to_string(id) +
+                                 " is not in the vapor data base.";
+      Add(notices, notice);
+      RefuseBox(screen, {BoxGroup::kCID, static_cast<int>(row)}, notice);
       err = 1;
       continue;
     }
@@ -226,7 +252,9 @@ int16_t CheckInput(InputScreen& screen, DesignCase& dc, float& pinterfix, const 
     any_gas = true;
   }
   if (!any_gas) {
-    Add(notices, "NOTE: A minimum of 1 non-condensible load is required!");
+    Add(notices, kNoGasMessage);
+    RefuseBox(screen, {BoxGroup::kNCpph, 0}, kNoGasMessage);
+    RefuseBox(screen, {BoxGroup::kNCMW, 0}, kNoGasMessage);
     err = 1;
   }
 

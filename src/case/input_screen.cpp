@@ -121,6 +121,7 @@ const std::string& InputScreen::Box(BoxRef box) const {
     case BoxGroup::kNCMW: return txtNCMW.at(i);
     case BoxGroup::kDesign: return txtDesign.at(i);
     case BoxGroup::kDesignA: return txtDesignA.at(i);
+    case BoxGroup::kCID: return txtCID.at(i);
   }
   throw VbError(9);
 }
@@ -146,6 +147,49 @@ InputScreen NewCase() {
 void EditBox(InputScreen& screen, BoxRef box, const std::string& text) {
   screen.Box(box) = text;
   screen.CASEDIRTY = 1;
+}
+
+void EditVaporId(InputScreen& screen, int row, const std::string& text) {
+  const BoxRef box{BoxGroup::kCID, row};
+  if (screen.Box(box) == text) return;
+  EditBox(screen, box, text);
+  ClearRefusal(screen, box);
+}
+
+std::string VaporIdCaption(const VaporData& data, const UserVapors& user, int row, const std::string& id_text) {
+  if (Trim(id_text).empty()) return "";
+  // The ID as the input check reads it; one beyond a 16-bit integer, or 0 on a load row, names no vapor.
+  const int id = OverflowNotice("", id_text, true).empty() ? CInt(Val(id_text)) : 0;
+  const std::string name = id == 0 && row > 0 ? std::string() : VaporName(data, user, id);
+  return name.empty() ? "No vapor has this ID." : name;
+}
+
+std::vector<std::vector<std::string>> UserVaporGridText(const UserVapors& user) {
+  std::vector<std::vector<std::string>> rows;
+  for (int i = 1; i <= user.NUDV; ++i) rows.push_back({Trim(user.UDVNAME(i))});
+  return rows;
+}
+
+void RefuseBox(InputScreen& screen, BoxRef box, std::string_view notice) {
+  screen.refused.push_back({box, std::string(notice)});
+}
+
+void ClearRefusal(InputScreen& screen, BoxRef box) {
+  BoxRef pair = box;
+  PairOf(box, pair);
+  std::erase_if(screen.refused, [&](const RefusedBox& r) { return r.box == box || r.box == pair; });
+}
+
+std::string RefusalOf(const InputScreen& screen, BoxRef box) {
+  BoxRef pair = box;
+  PairOf(box, pair);
+  std::string notices;
+  for (const RefusedBox& r : screen.refused) {
+    if (r.box != box && r.box != pair) continue;
+    if (!notices.empty()) notices += "\n";
+    notices += r.notice;
+  }
+  return notices;
 }
 
 void SelectOption(InputScreen& screen, std::array<int16_t, 4>& group, int index) { Select(screen, group, index); }
@@ -200,29 +244,26 @@ void RecomputePairs(InputScreen& screen) {
 
 bool ChkTxtInput(InputScreen& screen, BoxRef box, const Steam& steam, Ui& ui) {
   std::string& text = screen.Box(box);
-  if (NumberFieldFlagged(text)) {
-    ui.notice("Please enter a number (without commas) in this box.");
+  ClearRefusal(screen, box);
+  const auto refuse = [&](const std::string& notice) {
+    ui.notice(notice);
+    RefuseBox(screen, box, notice);
     return false;
-  }
-  if (const std::string overflow = OverflowNotice("box", text); !overflow.empty()) {
-    ui.notice(overflow);
-    return false;
-  }
+  };
+  if (NumberFieldFlagged(text)) return refuse("Please enter a number (without commas) in this box.");
+  if (const std::string overflow = OverflowNotice("box", text); !overflow.empty()) return refuse(overflow);
   const bool main = box.group == BoxGroup::kInput || box.group == BoxGroup::kInputA;
   if (main) {
     const float value = StandardValue(box, text);
     if (const auto limit = MainInputLimit(box.index); limit && (value < limit->low || value > limit->high)) {
-      ui.notice(std::string(limit->message));
-      return false;
+      return refuse(std::string(limit->message));
     }
     if (box.index == 6 && value > 0 && value < Val(screen.txtInput[5]) + 15) {
-      ui.notice(std::string(kWaterOutletMessage));
-      return false;
+      return refuse(std::string(kWaterOutletMessage));
     }
     const bool shell_and_tube = screen.OptionCondenserType[0] != 0 || screen.OptionCondenserType[1] != 0;
     if (box.index == 7 && shell_and_tube && (value < kFoulingLimit.low || value > kFoulingLimit.high)) {
-      ui.notice(std::string(kFoulingLimit.message));
-      return false;
+      return refuse(std::string(kFoulingLimit.message));
     }
     if (box.index == 4 && value > 0) {
       // The motive steam must be saturated (0) or superheated.
@@ -232,9 +273,8 @@ bool ChkTxtInput(InputScreen& screen, BoxRef box, const Steam& steam, Ui& ui) {
       if (pmotive > 0) {
         SteamFromPT(steam, static_cast<float>((pmotive + 14.696) * 51.7144), t, h, s, v, moisture, failed);
         if (!failed && value <= t) {
-          ui.notice("The motive temperature must be 0 (dry and saturated steam) or above the saturation temperature "
-                    "of the motive steam, " + FormatFixed(t, 0.1f) + " degF.");
-          return false;
+          return refuse("The motive temperature must be 0 (dry and saturated steam) or above the saturation "
+                        "temperature of the motive steam, " + FormatFixed(t, 0.1f) + " degF.");
         }
       }
     }
@@ -271,6 +311,7 @@ std::string_view InputHint(BoxRef box) {
       }
     case BoxGroup::kCost:
       return "Utility prices for the annual operating cost: steam, electricity and cooling water.  ";
+    case BoxGroup::kCID:
     case BoxGroup::kCpph:
     case BoxGroup::kCpphA:
       return "The condensible load: enter the vapor ID from the list (negative for user defined vapors) and its flow.  "

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "properties/vapors.h"
 #include "shell/ui.h"
 
 namespace kestrane {
@@ -46,12 +47,20 @@ struct ListBoxDef {
 };
 const ListBoxDef& ListBoxDefinition(ListBox box);
 
-// The boxes that hold numbers, for the check on leaving a box.
-enum class BoxGroup { kInput, kInputA, kCost, kCpph, kCpphA, kNCpph, kNCpphA, kNCMW, kDesign, kDesignA };
+// The boxes that hold numbers, for the check on leaving a box, and the vapor IDs of the condensible loads (kCID,
+// text boxes the input check reads).
+enum class BoxGroup { kInput, kInputA, kCost, kCpph, kCpphA, kNCpph, kNCpphA, kNCMW, kDesign, kDesignA, kCID };
 
 struct BoxRef {
   BoxGroup group;
   int index;
+  bool operator==(const BoxRef&) const = default;
+};
+
+// A box a check refused, with the notice line that refused it.
+struct RefusedBox {
+  BoxRef box;
+  std::string notice;
 };
 
 // The state of the design input window. Option buttons hold -1 (on) or 0,
@@ -78,6 +87,10 @@ struct InputScreen {
   std::string CASENAME;  // file name
   int16_t CASEDIRTY = 0;
 
+  // The boxes the latest check refused: the input check's, and each box whose leave check refused it. A box
+  // stays refused until a new value in it passes its leave check or the next input check.
+  std::vector<RefusedBox> refused;
+
   std::string& Box(BoxRef box);
   const std::string& Box(BoxRef box) const;
   bool Metric() const { return OptionUnits[1] != 0; }
@@ -88,6 +101,25 @@ InputScreen NewCase();
 
 // An edit of a box by the user: the text changes and CASEDIRTY is set.
 void EditBox(InputScreen& screen, BoxRef box, const std::string& text);
+
+// An edit of a condensible load's vapor ID: a text other than the one held is an edit (EditBox) and lifts the
+// box's refusal.
+void EditVaporId(InputScreen& screen, int row, const std::string& text);
+
+// The caption beside the vapor ID box of condensible load `row` (0 is the water row): the name of the vapor the
+// input check reads from `id_text`, built-in or user defined; empty for an empty box; "No vapor has this ID."
+// when the ID names none.
+std::string VaporIdCaption(const VaporData& data, const UserVapors& user, int row, const std::string& id_text);
+
+// The user defined vapors as the text columns of their grid (the name), row r for ID -r.
+std::vector<std::vector<std::string>> UserVaporGridText(const UserVapors& user);
+
+// Records that a check refused `box` with `notice`.
+void RefuseBox(InputScreen& screen, BoxRef box, std::string_view notice);
+// Lifts the refusal of `box` and of its pair.
+void ClearRefusal(InputScreen& screen, BoxRef box);
+// The notices that refused `box` or its pair, a line each; empty when neither stands refused.
+std::string RefusalOf(const InputScreen& screen, BoxRef box);
 
 // Turns one option of a group on and the others off (an edit).
 void SelectOption(InputScreen& screen, std::array<int16_t, 4>& group, int index);
@@ -113,7 +145,8 @@ void RecomputePairs(InputScreen& screen);
 // The check on leaving a box: the shared number check (an empty box becomes
 // "0"; a comma or any other text flags it), the limits of the input check for
 // the main values, and the motive temperature against saturation; a box that
-// passes updates its pair. False, after a notice, when the box is refused.
+// passes updates its pair and lifts its refusal. False, after a notice, when the box is refused (recorded in
+// `screen.refused`).
 bool ChkTxtInput(InputScreen& screen, BoxRef box, const Steam& steam, Ui& ui);
 
 // The hint shown in the description box while a box has the focus.
