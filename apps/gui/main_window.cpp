@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QRegularExpression>
 #include <QMenuBar>
+#include <QScreen>
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QUrl>
@@ -39,13 +40,19 @@ MainWindow::MainWindow(Session& s, QtUi& u) : session(s), ui(u), screen(NewCase(
   // No user information on file: its window opens during the start and the load goes on.
   connect(&ui, &QtUi::userInfoRequested, this, Trapped(ui, [this] { SwapForms(current_, Form::frmUserData); }));
   go_figure_ = new GoFigure(*this);
-  resize(1000, 700);  // fits a 1366 x 768 screen with its task bar
+  // Fits a 1366 x 768 screen with its task bar and the window's title bar, and any smaller screen.
+  QSize size(1000, 680);
+  if (const QScreen* shown = QWidget::screen()) size = size.boundedTo(shown->availableGeometry().size() - QSize(16, 48));
+  resize(size);
   RefreshTitle();
 }
 
 void MainWindow::AddPage(Form form, Page* page) {
   pages_[form] = page;
-  stack_->addWidget(page);
+  // A page that needs more room than the window has (a small screen) scrolls rather than being cut off.
+  QWidget* holder = Scrolled(page);
+  holders_[form] = holder;
+  stack_->addWidget(holder);
 }
 
 void MainWindow::RefreshTitle() { setWindowTitle(pages_.at(current_)->Caption()); }
@@ -54,7 +61,7 @@ void MainWindow::SwapForms(Form /*leaving*/, Form coming) {
   current_ = coming;
   Page* page = pages_.at(coming);
   page->Activate();
-  stack_->setCurrentWidget(page);
+  stack_->setCurrentWidget(holders_.at(coming));
   RefreshTitle();
 }
 

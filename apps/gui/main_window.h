@@ -83,6 +83,7 @@ class MainWindow : public QMainWindow {
   void AddPage(Form form, Page* page);
   QStackedWidget* stack_;
   std::map<Form, Page*> pages_;
+  std::map<Form, QWidget*> holders_;  // the scroll area of each page, the stack's own widget
   Form current_ = Form::MainForm;
   GoFigure* go_figure_ = nullptr;
   QTextBrowser* help_ = nullptr;

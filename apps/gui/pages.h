@@ -43,7 +43,7 @@ class MainForm : public Page {
   std::vector<QPushButton*> cmdMain;
 };
 
-// The design input: five tabs, paired standard and metric boxes, hints, the vapor grid, the file menu and the run.
+// The design input: five tabs, paired standard and metric boxes, hints, the vapor grids, the file menu and the run.
 class frmJetInput : public Page {
   Q_OBJECT
 
@@ -60,10 +60,19 @@ class frmJetInput : public Page {
   // The run that DesignSystem starts (the input check, then the design); a test may stand in its own.
   std::function<DesignOutcome(DesignContext&, InputScreen&)> design = RunDesign;
   bool OpenFile(const QString& path);
+  // The search of the vapor list shown: from the selected row on, forward or backward; its report beside the box.
+  void SearchVapors(bool forward);
   QTabWidget* SSTabInput;
-  QPlainTextEdit* txtboxMainInputDescription;
+  HintBox* txtboxMainInputDescription;
+  // The vapors to pick a load's ID from: the data base and the user defined vapors, a tab each.
+  QTabWidget* vaporLists;
   QTableWidget* vaporGrid;
+  QTableWidget* userVaporGrid;
   QLineEdit* vaporSearch;
+  QPushButton *findNext, *findPrevious;
+  QLabel* vaporSearchReport;
+  // The name of each condensible load's vapor, beside its ID box.
+  std::array<QLabel*, 10> vaporNames{};
   QLabel* lblStatus;
   // The save question before unsaved input is lost; false when the user's save did not happen.
   bool CheckToStore();
@@ -77,7 +86,10 @@ class frmJetInput : public Page {
   void FinishDesign(const DesignOutcome& outcome, const std::string& failure);
   void Leave(BoxRef box);
   void UnitsChanged();
-  void FillVaporGrid();
+  void FillVaporGrids();
+  void ShowVaporName(int row);
+  // The marks of the boxes the model holds refused; with `reveal`, the tab of the first one comes forward.
+  void ShowRefused(bool reveal);
   MainWindow& w_;
   BoxWatcher watcher_;
   std::map<std::pair<int, int>, QLineEdit*> boxes_;
@@ -182,7 +194,7 @@ class TCInput : public Page {
   std::array<QLineEdit*, kTcInputs> txtInput{}, txtInputA{};
   std::array<QRadioButton*, 2> OptionUnits{};
   std::array<QComboBox*, kTcListCount> lists{};
-  QPlainTextEdit* description;
+  HintBox* description;
 
  private:
   void UnitsChanged();

@@ -248,6 +248,7 @@ frmUDV::frmUDV(MainWindow& w) : Page(&w), w_(w) {
     fields->addWidget(TextUDV[i], 1, static_cast<int>(i));
   }
   TextUDV[0]->setReadOnly(true);
+  fields->setColumnStretch(8, 3);  // the name, up to 20 characters, wider than the numbers
   alcohol = new QCheckBox("Alcohol");
   fields->addWidget(alcohol, 1, 9);
   layout->addLayout(fields);

@@ -97,9 +97,7 @@ TCInput::TCInput(MainWindow& w) : Page(&w), w_(w), watcher_(this, w.ui) {
   }
   layout->addLayout(form);
   layout->addStretch();
-  description = new QPlainTextEdit;
-  description->setReadOnly(true);
-  description->setMaximumHeight(70);
+  description = new HintBox;
   layout->addWidget(description);
 }
 

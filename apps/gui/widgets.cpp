@@ -1,7 +1,11 @@
-// Small shared pieces of the windows: the focus look and Enter as Tab for text boxes, and labelled rows.
+// Small shared pieces of the windows: the focus look and Enter as Tab for text boxes, the mark of a refused box,
+// the hint box and the scroll area of a page.
 #include "widgets.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
+#include <QVariant>
+#include <cmath>
 #include <QTimer>
 #include <QWidget>
 
@@ -24,6 +28,40 @@ void Look(QLineEdit* box, bool focused) {
 }
 
 }  // namespace
+
+HintBox::HintBox(int lines, QWidget* parent) : QTextEdit(parent), lines_(lines) {
+  setReadOnly(true);
+  setLineWrapMode(QTextEdit::WidgetWidth);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  // The text wraps anew at each width; its height follows.
+  connect(document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this, [this] { FitHeight(); });
+  FitHeight();
+}
+
+void HintBox::FitHeight() {
+  const int text = static_cast<int>(std::ceil(document()->size().height()));
+  const int least = fontMetrics().lineSpacing() * lines_ + 2 * static_cast<int>(std::ceil(document()->documentMargin()));
+  setFixedHeight(std::max(text, least) + 2 * frameWidth());
+}
+
+QScrollArea* Scrolled(QWidget* page) {
+  auto* scroll = new QScrollArea;
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidget(page);
+  return scroll;
+}
+
+void ShowRefusal(QLineEdit* box, const std::string& notices) {
+  const bool refused = !notices.empty();
+  if (box->property("refused").toBool() == refused && box->toolTip() == Q(notices)) return;
+  box->setProperty("refused", refused);
+  box->setToolTip(Q(notices));
+  box->setStyleSheet(refused ? "QLineEdit { border: 2px solid #d00000; border-radius: 2px; }" : "");
+}
+
+bool RefusalShown(const QLineEdit* box) { return box->property("refused").toBool(); }
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 QString Q(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <regex>
 
 #include "case/jet_file.h"
 #include "desktop.h"
@@ -73,7 +74,8 @@ TEST_F(Desktop, TheSolventExampleDesignsAsOnTheCommandLineWithThreeCondensers) {
   const std::string motive = LineValue(cli, "Total Motive Steam (#/hr)");
   ASSERT_FALSE(motive.empty()) << cli;
   EXPECT_EQ(FrameValue("Utilities", "Total Motive Steam (#/hr)").toStdString(), motive);
-  EXPECT_NE(cli.find("C1            C2            AC"), std::string::npos) << cli;
+  // The condensers' head line, however wide the command line sets its columns.
+  EXPECT_TRUE(std::regex_search(cli, std::regex(R"(\n +C1 +C2 +AC *\r?\n)"))) << cli;
   int condensers = 0;
   for (auto* box : Results()->frames->findChildren<QGroupBox*>()) {
     if (box->title() == "Condensers") condensers = box->findChild<QTableWidget*>()->columnCount();
