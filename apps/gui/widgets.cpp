@@ -58,7 +58,11 @@ void ShowRefusal(QLineEdit* box, const std::string& notices) {
   if (box->property("refused").toBool() == refused && box->toolTip() == Q(notices)) return;
   box->setProperty("refused", refused);
   box->setToolTip(Q(notices));
-  box->setStyleSheet(refused ? "QLineEdit { border: 2px solid #d00000; border-radius: 2px; }" : "");
+  // A style sheet sets the border; it would hide the focus look of the palette, so it carries that look too.
+  const QString focused = PaletteColour(FocusLook(true).backcolor).name();
+  box->setStyleSheet(refused ? "QLineEdit { border: 2px solid #d00000; border-radius: 2px; } "
+                               "QLineEdit:focus { background-color: " + focused + "; }"
+                             : QString());
 }
 
 bool RefusalShown(const QLineEdit* box) { return box->property("refused").toBool(); }

@@ -204,6 +204,13 @@ TEST_F(InputWindow, ALeaveCheckThatRefusesAValueMarksItsBoxUntilAValueIsTaken) {
   EXPECT_EQ(suction->toolTip(), "Suction pressure outside the range: (1 - 500 mmHga)");
   Type(suction, "1,5");
   EXPECT_EQ(suction->toolTip(), "Please enter a number (without commas) in this box.");
+  // Marked, the box still turns green while it has the focus.
+  window->activateWindow();
+  suction->setFocus();
+  ASSERT_TRUE(WaitFor([&] { return suction->hasFocus(); }));
+  const QImage look = suction->grab().toImage();
+  EXPECT_EQ(look.pixelColor(look.width() - 6, look.height() / 2), QColor(0, 255, 0));
+  EXPECT_EQ(look.pixelColor(0, look.height() / 2).red(), 0xd0);
   Type(suction, "75");
   EXPECT_FALSE(RefusalShown(suction));
   EXPECT_FALSE(RefusalShown(suction_kpa));
