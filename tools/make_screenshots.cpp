@@ -46,8 +46,9 @@ int main(int argc, char** argv) {
   window.show();
   if (!window.Start()) return 1;
   bool ok = true;
-  if (window.Current() == Form::frmUserData) ok = Save(&window, folder, "user-information");
-  window.SwapForms(window.Current(), Form::MainForm);
+  window.SwapForms(window.Current(), Form::frmUserData);
+  ok = Save(&window, folder, "user-information") && ok;
+  window.SwapForms(Form::frmUserData, Form::MainForm);
   ok = Save(&window, folder, "main-menu") && ok;
   window.SwapForms(Form::MainForm, Form::frmAbout);
   ok = Save(&window, folder, "about") && ok;
