@@ -5,6 +5,7 @@
 
 #include "properties/user_vapors.h"
 #include "properties/vapor_search.h"
+#include "properties/vapor_table.h"
 #include "shell/startup.h"
 #include "test_support.h"
 
@@ -362,3 +363,19 @@ TEST_F(VaporBase, StartUpReadsTheDataBaseThenTheUserVapors) {
   ASSERT_EQ(ui2.notices.size(), 1u);
   EXPECT_NE(ui2.notices[0].find("PSAT.DTA"), std::string::npos);
 }
+
+namespace {
+
+// A step that divides the range in decimal but not in binary still ends the table on its last temperature.
+TEST_F(VaporBase, ATableEndsOnItsLastTemperatureWhateverTheStepsRounding) {
+  std::vector<kestrane::VaporTableRow> rows;
+  ASSERT_TRUE(kestrane::VaporPressureTable(vapors(), 3, 32, 212, 0.18f, rows, false));
+  ASSERT_EQ(rows.size(), 1001u);
+  EXPECT_NEAR(rows.back().t, 212, 1e-3);
+  ASSERT_TRUE(kestrane::VaporPressureTable(vapors(), 3, 0, 100, 0.1f, rows, true));
+  EXPECT_EQ(rows.size(), 1001u);
+  ASSERT_TRUE(kestrane::VaporPressureTable(vapors(), 3, 32, 212.5f, 10, rows, false));
+  EXPECT_EQ(rows.size(), 19u) << "a range that is not a whole number of steps stops at the last step within it";
+}
+
+}  // namespace

@@ -1,6 +1,8 @@
 // A vapor's pressures over a temperature range, for the vapor pressure window and command.
 #include "properties/vapor_table.h"
 
+#include <algorithm>
+
 #include "properties/temperature_units.h"
 #include "properties/user_vapors.h"
 
@@ -37,7 +39,10 @@ bool VaporPressureTable(const Vapors& vapors, int16_t id, float tmin, float tmax
   if (!VaporTableRange(tmin, tmax, step)) return false;
   CountingUi ui(vapors.ui);
   const Vapors counted{vapors.data, vapors.user, ui};
-  const int count = static_cast<int>((tmax - tmin) / step + 1e-6);
+  // Rows from tmin on while within tmax; the quotient's rounding (180 / 0.18 gives 999.99994 in singles) is
+  // forgiven in proportion to the number of steps, so that the table ends on tmax when the steps reach it.
+  const double steps = (static_cast<double>(tmax) - tmin) / step;
+  const int count = static_cast<int>(steps + 1e-6 * std::max(1.0, steps));
   for (int k = 0; k <= count; ++k) {
     VaporTableRow row;
     row.t = tmin + static_cast<float>(k) * step;
