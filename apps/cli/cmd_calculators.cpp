@@ -12,22 +12,12 @@
 #include "calculators/tail_leg.h"
 #include "cli.h"
 #include "properties/numeric.h"
+#include "properties/text_codec.h"
 #include "properties/vb.h"
 
 namespace kestrane::cli {
 
 namespace {
-
-// The lines of a results box (CR LF line ends), without the empty one after the last line end.
-std::vector<std::string> BoxLines(const std::string& box) {
-  std::vector<std::string> lines;
-  for (size_t at = 0; at < box.size();) {
-    const size_t end = box.find("\r\n", at);
-    lines.push_back(box.substr(at, end == std::string::npos ? std::string::npos : end - at));
-    at = end == std::string::npos ? box.size() : end + 2;
-  }
-  return lines;
-}
 
 // A box of a window as a JSON number, null when the window left it empty.
 nlohmann::json BoxNumber(const std::string& text) {

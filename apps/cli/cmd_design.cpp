@@ -170,7 +170,7 @@ CaseRun DesignOne(Session& session, const std::string& file, const DesignArgs& a
   std::vector<std::vector<std::string>> grid;
   if (!read) {
     outcome.input_error = 1;
-    outcome.errors.push_back("The case file " + file + " could not be read.");
+    outcome.errors.push_back(UnreadableText("The case file", file));
     run.exit_code = kExitUsage;
   } else {
     try {

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "case/case_file_io.h"
+#include "properties/text_codec.h"
 #include "properties/vb.h"
 
 namespace kestrane {
@@ -261,13 +262,7 @@ bool WriteGoFigure(const std::filesystem::path& path, NupreirScreen& screen, Ui&
     out.Text(std::to_string(screen.history.size()));
     for (const auto& entry : screen.history) out.Text(entry);
     // The results box whole, one line a line; its closing line end is the last line's.
-    size_t start = 0;
-    while (start < screen.results.size()) {
-      size_t end = screen.results.find("\r\n", start);
-      if (end == std::string::npos) end = screen.results.size();
-      out.Text(screen.results.substr(start, end - start));
-      start = end + 2;
-    }
+    for (const std::string& line : BoxLines(screen.results)) out.Text(line);
     out.Commit();
   } catch (const VbError& e) {
     ui.notice(TrappedError("WriteGoFigure", e));

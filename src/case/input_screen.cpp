@@ -164,12 +164,6 @@ std::string VaporIdCaption(const VaporData& data, const UserVapors& user, int ro
   return name.empty() ? "No vapor has this ID." : name;
 }
 
-std::vector<std::vector<std::string>> UserVaporGridText(const UserVapors& user) {
-  std::vector<std::vector<std::string>> rows;
-  for (int i = 1; i <= user.NUDV; ++i) rows.push_back({Trim(user.UDVNAME(i))});
-  return rows;
-}
-
 void RefuseBox(InputScreen& screen, BoxRef box, std::string_view notice) {
   screen.refused.push_back({box, std::string(notice)});
 }

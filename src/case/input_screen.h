@@ -111,9 +111,6 @@ void EditVaporId(InputScreen& screen, int row, const std::string& text);
 // when the ID names none.
 std::string VaporIdCaption(const VaporData& data, const UserVapors& user, int row, const std::string& id_text);
 
-// The user defined vapors as the text columns of their grid (the name), row r for ID -r.
-std::vector<std::vector<std::string>> UserVaporGridText(const UserVapors& user);
-
 // Records that a check refused `box` with `notice`.
 void RefuseBox(InputScreen& screen, BoxRef box, std::string_view notice);
 // Lifts the refusal of `box` and of its pair.

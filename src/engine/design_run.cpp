@@ -157,8 +157,8 @@ void VaporRangeWarnings(DesignContext& ctx) {
     } else {
       // Water: the saturation line of the steam table.
       const SteamTable& tb = ctx.data.steam;
-      low_c = static_cast<float>((tb.STEAMTBL(1, 2) - 32) / 1.8);
-      high_c = static_cast<float>((tb.STEAMTBL(tb.STEAMNP, 2) - 32) / 1.8);
+      low_c = Convert(Quantity::kTemperature, tb.STEAMTBL(1, 2), true);
+      high_c = Convert(Quantity::kTemperature, tb.STEAMTBL(tb.STEAMNP, 2), true);
     }
     const auto shown = [&](float c) { return metric ? c : static_cast<float>(c * 1.8 + 32); };
     message += " Warning: vapor pressure data for " + name + " beyond normal range of stored properties..." +

@@ -11,8 +11,7 @@ namespace kestrane {
 
 namespace {
 
-constexpr float kKpaPerMmHg = 1 / 7.5f;           // as the input screen pairs its pressures
-constexpr float kBtuHrPerKw = 3412.1416f;         // International Table Btu per hour in a kilowatt
+constexpr float kBtuHrPerKw = 3412.1416f;  // International Table Btu per hour in a kilowatt
 
 // Where a condenser stands in the train: before the first stage, between two stages, or after the last.
 std::string CondenserRole(const DesignCase& dc, int col) {
@@ -46,12 +45,9 @@ DesignSummary SummarizeDesign(const DesignContext& ctx) {
     s.stages.push_back(st);
   }
 
-  const int has[] = {0, dc.HASAC, dc.HASC2, dc.HASC1};
-  const char* names[] = {"", "AC", "C2", "C1"};
-  for (int col = kCondC1; col >= kCondAC; --col) {
-    if (has[col] <= 0) continue;
+  for (int col : CondensersPresent(dc)) {
     CondenserSummary cs;
-    cs.name = names[col];
+    cs.name = CondenserName(col);
     cs.role = CondenserRole(dc, col);
     cs.model = CondenserModel(ctx, col);
     cs.type = dc.CNDTYPE == 2 ? "direct contact" : "surface";
@@ -67,11 +63,10 @@ DesignSummary SummarizeDesign(const DesignContext& ctx) {
     s.condensers.push_back(cs);
   }
 
-  const int chosen = CInt(dc.LRVPRES(kLrvpPump, 1));
-  if (dc.USELRVP == 1 && dc.LRVPERR == 0 && chosen >= 1 && chosen <= kPumps) {
+  if (const PumpRecord* designed = DesignedPump(ctx)) {
     PumpSummary& p = s.pump;
     p.present = true;
-    p.model = Trim(ctx.data.pumps.pumps[static_cast<size_t>(chosen)].MODEL);
+    p.model = Trim(designed->MODEL);
     p.capacity_acfm = dc.LRVPRES(kLrvpCapacity, 1);
     p.duty_acfm = dc.LRVPRES(kLrvpAcfm, 1);
     p.capacity_ratio = dc.LRVPRES(kLrvpRatio, 1);
@@ -104,8 +99,10 @@ DesignSummary SummarizeDesign(const DesignContext& ctx) {
 
 std::vector<ResultsBlock> SummaryBlocks(const DesignSummary& s, bool metric) {
   std::vector<ResultsBlock> blocks;
-  const auto pressure = [metric](float mmhga) { return FormatFixed(metric ? mmhga * kKpaPerMmHg : mmhga, 10.2f); };
-  const auto temperature = [metric](float f) { return FormatFixed(metric ? ScreenCelsius(f) : f, 6.1f); };
+  // Pressures and temperatures in metric as the input screen pairs them.
+  const auto shown = [metric](Quantity q, float standard) { return metric ? Convert(q, standard, true) : standard; };
+  const auto pressure = [&shown](float mmhga) { return FormatFixed(shown(Quantity::kPressureMmHg, mmhga), 10.2f); };
+  const auto temperature = [&shown](float f) { return FormatFixed(shown(Quantity::kTemperature, f), 6.1f); };
   const char* pressure_unit = metric ? "(KpaA)" : "(mmHgA)";
   const char* temperature_unit = metric ? "(degC)" : "(degF)";
 

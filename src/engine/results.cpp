@@ -13,11 +13,6 @@
 
 namespace kestrane {
 
-namespace {
-
-constexpr float kKwPerHp = 0.7457f;  // as the annual power cost takes it
-
-// Condenser columns present, in the order of flow.
 std::vector<int> CondensersPresent(const DesignCase& dc) {
   std::vector<int> cols;
   if (dc.HASC1 > 0) cols.push_back(kCondC1);
@@ -26,7 +21,24 @@ std::vector<int> CondensersPresent(const DesignCase& dc) {
   return cols;
 }
 
-const char* kCondenserNames[] = {"", "AC", "C2", "C1"};
+const char* CondenserName(int col) {
+  static const char* const kNames[] = {"", "AC", "C2", "C1"};
+  return kNames[col];
+}
+
+const PumpRecord* DesignedPump(const DesignContext& ctx) {
+  const DesignCase& dc = ctx.dc;
+  const int chosen = CInt(dc.LRVPRES(kLrvpPump, 1));
+  if (dc.USELRVP != 1 || dc.LRVPERR != 0 || chosen < 1 || chosen > kPumps) return nullptr;
+  return &ctx.data.pumps.pumps[static_cast<size_t>(chosen)];
+}
+
+namespace {
+
+constexpr float kKwPerHp = 0.7457f;  // as the annual power cost takes it
+
+// degC of a degF value, as the input screen pairs its temperatures.
+float Celsius(float f) { return Convert(Quantity::kTemperature, f, true); }
 
 // Names of the condenser table rows from 78 on, as the grid shows them.
 const char* const kCondenserRowNames[] = {
@@ -98,17 +110,18 @@ ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
               head + "E" + ret;
     }
     const float in = dc.CND(col, kCndWATERIN), out = dc.CND(col, kCndWATEROUT);
-    r.condensers.heads.push_back(kCondenserNames[col]);
+    r.condensers.heads.push_back(CondenserName(col));
     r.condensers.columns.push_back(
         {model, FormatFixed(dc.CND(col, kCndAREA) * (metric ? kM2PerFt2 : 1.0f), 6.1f),
          FormatFixed(dc.CND(col, kCndGPMUSE) * (metric ? kM3hPerGpm : 1.0f), 6.1f),
-         FormatFixed(metric ? ScreenCelsius(in) : in, 6.1f) + " / " + FormatFixed(metric ? ScreenCelsius(out) : out, 6.1f),
+         FormatFixed(metric ? Celsius(in) : in, 6.1f) + " / " + FormatFixed(metric ? Celsius(out) : out, 6.1f),
          FormatFixed(dc.CND(col, kCndDELTAP) / (metric ? kPsiPerBarSingle : 1.0f), 6.1f)});
   }
 
-  r.show_pump = dc.USELRVP == 1 && dc.LRVPERR == 0 && CInt(dc.LRVPRES(kLrvpPump, 1)) >= 1;
+  const PumpRecord* designed = DesignedPump(ctx);
+  r.show_pump = designed != nullptr;
   if (r.show_pump) {
-    const PumpRecord& pump = ctx.data.pumps.pumps[static_cast<size_t>(CInt(dc.LRVPRES(kLrvpPump, 1)))];
+    const PumpRecord& pump = *designed;
     const float power = metric ? kKwPerHp : 1.0f;
     r.pump.title = "Liquid Ring Vacuum Pump";
     r.pump.captions = {"Model                ",
@@ -124,7 +137,7 @@ ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
                        FormatFixed(dc.LRVPRES(kLrvpPower, 1) * power, 8.1f),
                        FormatFixed(dc.LRVPRES(kLrvpMotor, 1) * power, 8.1f),
                        FormatFixed(dc.LRVPRES(kLrvpSeal, 1) * (metric ? kM3hPerGpm : 1.0f), 8.1f),
-                       FormatFixed(metric ? ScreenCelsius(seal_out) : seal_out, 8.1f)}};
+                       FormatFixed(metric ? Celsius(seal_out) : seal_out, 8.1f)}};
   }
   return r;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "engine/design_context.h"
+#include "pump/pump_data.h"
 
 namespace kestrane {
 
@@ -25,6 +26,16 @@ struct ResultsScreen {
   ResultsBlock pump;  // the liquid ring pump of stage C
   bool show_pump = false;
 };
+
+// The condenser columns the train has, in the order of flow: C1, C2, AC.
+std::vector<int> CondensersPresent(const DesignCase& dc);
+
+// The name of condenser column `col`: "AC", "C2" or "C1".
+const char* CondenserName(int col);
+
+// The liquid ring pump the run chose for the last stage; none without a pump, after a pump error, or when the
+// run kept no pump of the catalogue.
+const PumpRecord* DesignedPump(const DesignContext& ctx);
 
 // The model of stage column `c` as the ejector block shows it: its name, "-" and its size, the pump's
 // column marked "LRVP".

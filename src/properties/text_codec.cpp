@@ -1,6 +1,7 @@
 // Text conversions: Windows-1252 on disk to UTF-8 in memory and back, and UTF-8 by character.
 #include "properties/text_codec.h"
 
+#include <algorithm>
 #include <array>
 
 namespace kestrane {
@@ -117,6 +118,16 @@ std::string FromCodePoints(std::u32string_view points) {
   std::string out;
   for (char32_t c : points) AppendUtf8(out, c);
   return out;
+}
+
+std::vector<std::string> BoxLines(std::string_view box) {
+  std::vector<std::string> lines;
+  for (size_t at = 0; at < box.size();) {
+    const size_t end = std::min(box.find("\r\n", at), box.size());
+    lines.emplace_back(box.substr(at, end - at));
+    at = end + 2;
+  }
+  return lines;
 }
 
 }  // namespace kestrane

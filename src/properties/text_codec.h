@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kestrane {
 
@@ -16,5 +17,8 @@ std::string Utf8ToCp1252(std::string_view text);
 // valid UTF-8 are taken one by one as Windows-1252 characters.
 std::u32string ToCodePoints(std::string_view text);
 std::string FromCodePoints(std::u32string_view points);
+
+// The lines of a multi-line text box (CR LF line ends), without the empty one after the last line end.
+std::vector<std::string> BoxLines(std::string_view box);
 
 }  // namespace kestrane

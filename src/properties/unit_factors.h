@@ -16,7 +16,4 @@ inline constexpr float kM3hPerGpm = 0.22712470704f;  // US gallons per minute in
 inline constexpr float kM2PerFt2 = 0.09290304f;      // square feet in square metres
 inline constexpr float kM3hPerCfm = 1.69901082f;     // 0.3048^3 m3/ft3 * 60 min/hr
 
-// degC of a degF value as the result screens show it.
-inline float ScreenCelsius(float f) { return static_cast<float>((f - 32) / 1.8); }
-
 }  // namespace kestrane

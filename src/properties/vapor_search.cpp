@@ -48,4 +48,10 @@ std::vector<std::vector<std::string>> VaporGridText(const VaporData& data) {
   return rows;
 }
 
+std::vector<std::vector<std::string>> UserVaporGridText(const UserVapors& user) {
+  std::vector<std::vector<std::string>> rows;
+  for (int i = 1; i <= user.NUDV; ++i) rows.push_back({Trim(user.UDVNAME(i))});
+  return rows;
+}
+
 }  // namespace kestrane

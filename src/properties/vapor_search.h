@@ -22,4 +22,7 @@ VaporSearchResult SearchVaporRows(const std::vector<std::vector<std::string>>& r
 // The text columns of the built-in vapor grid, row by row: formula and name, trimmed.
 std::vector<std::vector<std::string>> VaporGridText(const VaporData& data);
 
+// The user defined vapors as the text columns of their grid (the name), row r for ID -r.
+std::vector<std::vector<std::string>> UserVaporGridText(const UserVapors& user);
+
 }  // namespace kestrane
