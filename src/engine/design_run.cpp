@@ -7,6 +7,7 @@
 #include "case/check_input.h"
 #include "condenser/condenser_design.h"
 #include "engine/optimiser.h"
+#include "engine/results.h"
 #include "engine/run_errors.h"
 #include "engine/stage_model.h"
 #include "engine/stage_results.h"
@@ -19,7 +20,6 @@ namespace {
 
 constexpr float kAfterCondenserLoss = 25.0f;  // mmHg the last stage discharges through the after condenser
 constexpr float kRunningHours = 8000;
-constexpr const char* kCondenserNames[] = {"AC", "C2", "C1"};  // by column 1, 2, 3
 
 // Every value of the record that a run computes: the stage and condenser
 // tables, their loads and the totals, for the check that no step leaves one
@@ -181,7 +181,7 @@ std::vector<std::string> DesignSystem(DesignContext& ctx) {
   RunErrors errors(ui);
   const ResultCells cells = RecordCells(dc);
   const auto stage = [&](int c) { return "stage " + ctx.data.constants.STAGENAME(c); };
-  const auto condenser = [](int col) { return std::string("condenser ") + kCondenserNames[col - 1]; };
+  const auto condenser = [](int col) { return std::string("condenser ") + CondenserName(col); };
 
   ui.status("Calculating..... ");
   float pout = dc.PDISCH + (dc.HASAC > 0 && dc.NSTAGES > 0 ? kAfterCondenserLoss : 0.0f);
@@ -315,7 +315,7 @@ std::vector<std::string> DesignSystem(DesignContext& ctx) {
     errors.Step(condenser(col), cells,
                 [&] { CondenserDesign(ctx, dc.NSTAGES, col, dia1, dia2, cnd_err, warnings, &reason); });
     if (cnd_err != 0) {
-      errors.Add("Condenser " + std::string(kCondenserNames[col - 1]) + " ended with its error flag: " + reason);
+      errors.Add("Condenser " + std::string(CondenserName(col)) + " ended with its error flag: " + reason);
     }
     // The outline belongs to a surface condenser whose shell was sized.
     if (dc.CNDTYPE == 1 && dc.CND(col, kCndOD) > 0) {
