@@ -65,6 +65,36 @@ std::string EjectorModel(const DesignContext& ctx, int c) {
   return model;
 }
 
+std::string CondenserDescription(const DesignContext& ctx, int col, bool metric) {
+  if (!metric) return CondenserModel(ctx, col);
+  // The same rule with the shell and tube length in millimetres.
+  const char* head = ctx.screen.lists[kInletHead] == 1 ? "A" : "B";
+  const char* ret = ctx.screen.lists[kReturnHead] == 1 ? "L" : "M";
+  return std::to_string(CInt(ctx.dc.CND(col, kCndOD) * 25.4)) + "x" +
+         std::to_string(CInt(ctx.dc.CND(col, kCndTL) * 304.8)) + head + "E" + ret;
+}
+
+std::vector<EquipmentSlot> EquipmentSlots(const DesignContext& ctx, bool metric) {
+  const DesignCase& dc = ctx.dc;
+  std::vector<EquipmentSlot> slots;
+  auto stage = [&](int c) {
+    const auto kind = (c == kStageC && dc.USELRVP != 0) ? EquipmentSlot::kPump : EquipmentSlot::kEjector;
+    slots.push_back({kind, c, EjectorModel(ctx, c)});
+  };
+  auto condenser = [&](int col) {
+    const auto kind = dc.CNDTYPE == 2 ? EquipmentSlot::kBarometric : EquipmentSlot::kSurface;
+    slots.push_back({kind, col, CondenserDescription(ctx, col, metric)});
+  };
+  if (dc.NSTAGES == 4) stage(4);
+  if (dc.NSTAGES >= 3) stage(3);
+  if (dc.HASC1 > 0) condenser(kCondC1);
+  if (dc.NSTAGES >= 2) stage(2);
+  if (dc.HASC2 > 0) condenser(kCondC2);
+  if (dc.NSTAGES >= 1) stage(1);
+  if (dc.HASAC > 0) condenser(kCondAC);
+  return slots;
+}
+
 ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
   const DesignCase& dc = ctx.dc;
   ResultsScreen r;
@@ -101,14 +131,7 @@ ResultsScreen FillResults(const DesignContext& ctx, bool metric) {
   const std::vector<int> present = CondensersPresent(dc);
   r.show_condensers = !present.empty();
   for (int col : present) {
-    std::string model = CondenserModel(ctx, col);
-    if (metric) {
-      // The same rule with the shell and tube length in millimetres.
-      const char* head = ctx.screen.lists[kInletHead] == 1 ? "A" : "B";
-      const char* ret = ctx.screen.lists[kReturnHead] == 1 ? "L" : "M";
-      model = std::to_string(CInt(dc.CND(col, kCndOD) * 25.4)) + "x" + std::to_string(CInt(dc.CND(col, kCndTL) * 304.8)) +
-              head + "E" + ret;
-    }
+    const std::string model = CondenserDescription(ctx, col, metric);
     const float in = dc.CND(col, kCndWATERIN), out = dc.CND(col, kCndWATEROUT);
     r.condensers.heads.push_back(CondenserName(col));
     r.condensers.columns.push_back(

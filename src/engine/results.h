@@ -41,6 +41,22 @@ const PumpRecord* DesignedPump(const DesignContext& ctx);
 // column marked "LRVP".
 std::string EjectorModel(const DesignContext& ctx, int c);
 
+// The model of condenser column `col` as the condenser block shows it; in metric units with the shell and tube
+// length in millimetres.
+std::string CondenserDescription(const DesignContext& ctx, int col, bool metric);
+
+// A piece of equipment of the train, in the order of flow, with the text that names it.
+struct EquipmentSlot {
+  enum Kind : int16_t { kEjector = 1, kSurface = 2, kBarometric = 3, kPump = 4 };
+  Kind kind;
+  int index;            // stage column, or condenser column
+  std::string caption;  // the model text of the results blocks
+};
+
+// The equipment of the design from the suction end: stages 4 and 3, the first intercondenser, stage 2, the second
+// intercondenser, stage 1 (or the pump), the after condenser, each when the train has it.
+std::vector<EquipmentSlot> EquipmentSlots(const DesignContext& ctx, bool metric);
+
 // The three blocks after a good run, in metric units when asked.
 ResultsScreen FillResults(const DesignContext& ctx, bool metric);
 
