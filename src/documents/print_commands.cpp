@@ -18,7 +18,8 @@ const PrintCommandDef& PrintCommandOf(PrintCommand command) {
   return kCommands[static_cast<size_t>(command)];
 }
 
-void RunPrintCommand(PrintCommand command, PrintingWindow& window, const std::function<void(Report)>& print) {
+void RunPrintCommand(PrintCommand command, PrintingWindow& window,
+                     const std::function<void(const std::vector<Report>&)>& print) {
   const PrintCommandDef& def = PrintCommandOf(command);
   window.SetBusy(true);
   window.SetResultsMode(2);
@@ -33,7 +34,7 @@ void RunPrintCommand(PrintCommand command, PrintingWindow& window, const std::fu
       window.ProcessEvents();
     }
   } restore{window};
-  for (Report report : def.reports) print(report);
+  print(def.reports);
 }
 
 }  // namespace kestrane

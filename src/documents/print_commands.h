@@ -39,8 +39,10 @@ class PrintingWindow {
   virtual void ProcessEvents() = 0;
 };
 
-// Runs a print command: the hourglass, printing mode, the message; the reports in their order through
-// `print`; then the results mode, the status cleared and the pointer restored, even when a report throws.
-void RunPrintCommand(PrintCommand command, PrintingWindow& window, const std::function<void(Report)>& print);
+// Runs a print command: the hourglass, printing mode, the message; the command's reports in their order through
+// `print`, as one job; then the results mode, the status cleared and the pointer restored, even when printing
+// throws.
+void RunPrintCommand(PrintCommand command, PrintingWindow& window,
+                     const std::function<void(const std::vector<Report>&)>& print);
 
 }  // namespace kestrane

@@ -85,15 +85,17 @@ void TextOutput::PrintLine(std::string_view text) {
   bytes_ += "\r\n";
 }
 
-void TextOutput::Commit() const {
-  std::filesystem::path temp = path_;
+void TextOutput::Commit() const { WriteFileWhole(path_, bytes_); }
+
+void WriteFileWhole(const std::filesystem::path& path, std::string_view bytes) {
+  std::filesystem::path temp = path;
   temp += ".tmp" + std::to_string(::getpid());
   {
     errno = 0;
     std::ofstream out(temp, std::ios::binary | std::ios::trunc);
     // A folder that does not exist is "Path not found" when writing.
     if (!out) throw VbError(errno == ENOENT ? 76 : VbErrorFromErrno(errno));
-    out.write(bytes_.data(), static_cast<std::streamsize>(bytes_.size()));
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     out.flush();
     if (!out) {
       const int number = VbErrorFromErrno(errno);
@@ -103,7 +105,7 @@ void TextOutput::Commit() const {
     }
   }
   std::error_code ec;
-  std::filesystem::rename(temp, path_, ec);
+  std::filesystem::rename(temp, path, ec);
   if (ec) {
     std::error_code ignored;
     std::filesystem::remove(temp, ignored);

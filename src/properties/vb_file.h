@@ -52,4 +52,8 @@ class TextOutput {
   std::string bytes_;
 };
 
+// Writes bytes as a whole file: to a temporary name beside it, then renamed over it, so that a failed write
+// leaves the previous file as it was. Throws VbError with the original's number when it cannot.
+void WriteFileWhole(const std::filesystem::path& path, std::string_view bytes);
+
 }  // namespace kestrane

@@ -1,0 +1,34 @@
+// Print preview and PDF export of reports, both painted by the report page painter.
+#include "printing.h"
+
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+
+#include "painter_pages.h"
+
+namespace kestrane::gui {
+
+void PreviewReport(QWidget* parent, const ReportJob& job) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(job.title);
+  printer.setFullPage(true);
+  QPrintPreviewDialog dialog(&printer, parent);
+  dialog.setWindowTitle(job.title);
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&job](QPrinter* target) {
+    PainterPages pages(*target);
+    job.print(pages);
+    pages.Finish();
+  });
+  dialog.exec();
+}
+
+bool WriteReportPdf(const ReportJob& job, const QString& path, Ui& ui) {
+  PdfPages pdf(path.toStdString());
+  job.print(pdf.pages());
+  std::string error;
+  if (pdf.Commit(error)) return true;
+  ui.notice(error);
+  return false;
+}
+
+}  // namespace kestrane::gui

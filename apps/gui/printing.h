@@ -1,0 +1,27 @@
+// Reports in the desktop program: a print preview before anything reaches a printer, and export to PDF.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <functional>
+
+#include "documents/page_sink.h"
+#include "shell/ui.h"
+
+namespace kestrane::gui {
+
+// A report as the desktop prints it: its title and the printing of its pages. Printing may run more than once
+// (the preview paints again as the user changes its view), so it only prints: files beside the case are written
+// before.
+struct ReportJob {
+  QString title;
+  std::function<void(PageSink&)> print;
+};
+
+// Shows the pages in a print preview, from which the user sends them to a printer.
+void PreviewReport(QWidget* parent, const ReportJob& job);
+
+// Writes the report as a PDF file at `path`; a failure is told through `ui`. True when written.
+bool WriteReportPdf(const ReportJob& job, const QString& path, Ui& ui);
+
+}  // namespace kestrane::gui

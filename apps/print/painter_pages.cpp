@@ -1,0 +1,106 @@
+// Report pages on a Qt paint device: lines placed in twips, the page scaled to fit when it overflows.
+#include "painter_pages.h"
+
+#include <QFontDatabase>
+#include <QPageLayout>
+#include <QPdfWriter>
+#include <algorithm>
+#include <system_error>
+
+namespace kestrane {
+
+QFont ReportFont(const PrintFont& font) {
+  static const bool have_liberation = QFontDatabase::families().contains(QStringLiteral("Liberation Mono"));
+  QFont f(have_liberation ? QStringLiteral("Liberation Mono") : QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+  f.setStyleHint(QFont::Monospace);
+  f.setPointSizeF(font.size);
+  f.setBold(font.bold);
+  f.setKerning(false);
+  return f;
+}
+
+PainterPages::PainterPages(QPagedPaintDevice& device) : device_(device) {
+  device_.setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+}
+
+PainterPages::~PainterPages() { Finish(); }
+
+void PainterPages::Finish() {
+  if (painter_.isActive()) painter_.end();
+}
+
+void PainterPages::Text(float x_twips, float y_twips, const std::string& text, const PrintFont& font) {
+  lines_.push_back({x_twips, y_twips, text, font});
+}
+
+void PainterPages::EndPage(float bottom_twips) {
+  device_.setPageOrientation(orientation == 2 ? QPageLayout::Landscape : QPageLayout::Portrait);
+  if (!started_) {
+    painter_.begin(&device_);
+    started_ = true;
+  } else {
+    device_.newPage();
+  }
+  // Device units per twip; a page whose lines run past its lower edge is shrunk to fit.
+  const double unit = device_.logicalDpiY() / 1440.0;
+  const double height = orientation == 2 ? kPageWidthTwips : kPageHeightTwips;
+  const double fit = bottom_twips > height ? height / bottom_twips : 1.0;
+  painter_.save();
+  painter_.scale(unit * fit, unit * fit);
+  painter_.setPen(Qt::black);
+  for (const Line& line : lines_) {
+    // The font sized in twips, the painter's unit here: the device sizes points at its own resolution.
+    QFont f = ReportFont(line.font);
+    f.setPointSizeF(line.font.size * 1440.0 / device_.logicalDpiY());
+    painter_.setFont(f);
+    const QFontMetricsF metrics(f, &device_);
+    painter_.drawText(QPointF(line.x, line.y + metrics.ascent()), QString::fromStdString(line.text));
+  }
+  painter_.restore();
+  lines_.clear();
+}
+
+PdfPages::PdfPages(std::filesystem::path path) : path_(std::move(path)) {
+  temp_ = path_;
+  temp_ += ".part";
+  writer_ = std::make_unique<QPdfWriter>(QString::fromStdString(temp_.string()));
+  writer_->setResolution(1200);
+  writer_->setCreator(QStringLiteral("Kestrane"));
+  pages_ = std::make_unique<PainterPages>(*writer_);
+}
+
+PdfPages::~PdfPages() {
+  if (pages_) {
+    pages_.reset();
+    writer_.reset();
+    std::error_code ec;
+    std::filesystem::remove(temp_, ec);
+  }
+}
+
+PageSink& PdfPages::pages() { return *pages_; }
+
+bool PdfPages::Commit(std::string& error) {
+  if (pages_->pages() == 0) {
+    // A PDF needs a page: an empty report still gives one blank page.
+    pages_->Print("");
+    pages_->EndDoc();
+  }
+  pages_->Finish();
+  pages_.reset();
+  writer_.reset();
+  std::error_code ec;
+  if (!std::filesystem::exists(temp_)) {
+    error = "The file " + path_.string() + " could not be written.";
+    return false;
+  }
+  std::filesystem::rename(temp_, path_, ec);
+  if (ec) {
+    error = "The file " + path_.string() + " could not be written: " + ec.message() + ".";
+    std::filesystem::remove(temp_, ec);
+    return false;
+  }
+  return true;
+}
+
+}  // namespace kestrane
