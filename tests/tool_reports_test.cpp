@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <sstream>
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -260,7 +260,6 @@ TEST(ToolReportPressureDrop, TheExamplesPrintTheirResultsBoxLineByLineUnderTheHe
     const auto pages = PagesOf(text);
     ASSERT_EQ(pages.size(), 1u);
     EXPECT_EQ(BodyOf(pages[0], "Kestrane Gas Pressure Drop Estimation", name), BoxLines(screen.results));
-    EXPECT_NE(text.text().find(screen.standard ? "Pipe I.D. (in.)" : "Pipe I.D. (mm)"), std::string::npos);
   }
 }
 
