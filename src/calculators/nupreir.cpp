@@ -218,7 +218,7 @@ void PreCalc(NupreirScreen& screen) {
 }
 
 std::string NupreirCaption(const NupreirScreen& screen) {
-  std::string caption = "Nupreir Expression Evaluator";
+  std::string caption(kNupreirTitle);
   if (!screen.file.empty()) caption += "   " + std::filesystem::path(screen.file).filename().string();
   return caption;
 }

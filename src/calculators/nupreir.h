@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "case/jet_file.h"
@@ -20,6 +21,8 @@ inline constexpr int kMissingClosing = kVbObjectError + 1002;
 inline constexpr int kBadConstant = kVbObjectError + 1003;
 inline constexpr size_t kNupreirVariables = 5;
 inline constexpr size_t kNupreirHistory = 20;
+// The calculator's title, on its window and its printed page.
+inline constexpr std::string_view kNupreirTitle = "Nupreir Expression Evaluator";
 
 // The evaluator: variables by case-insensitive name, the echo of the expression
 // with the variables filled in, and whether a variable was used. Errors are VbErrors.

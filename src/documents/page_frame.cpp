@@ -47,7 +47,7 @@ void PageHeader(PageSink& printer, std::string_view title, std::string_view file
 
 void PageFooter(PageSink& printer) {
   printer.SetCurrentX(1);
-  printer.SetCurrentY(printer.Height() - 1440);
+  printer.SetCurrentY(printer.Height() - kFootAboveEdgeTwips);
   printer.font.name = "Courier New";
   printer.font.size = 10;
   for (size_t i = 0; i < kMakerLines.size(); ++i) {

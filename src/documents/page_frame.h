@@ -44,6 +44,9 @@ std::string CaseStem(std::string_view file_name);
 void PageHeader(PageSink& printer, std::string_view title, std::string_view file_name, std::string_view date_text,
                 std::string_view prefix);
 
+// Where the page foot starts: an inch above the page's lower edge, in twips.
+inline constexpr float kFootAboveEdgeTwips = 1440.0f;
+
 // The foot of a page an inch above its lower edge: the maker's three lines centred; then the page ends.
 void PageFooter(PageSink& printer);
 

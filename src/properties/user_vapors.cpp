@@ -60,8 +60,6 @@ int RowOfId(const UserVapors& user, int id) {
   return row >= 1 && row <= user.NUDV ? row : 0;
 }
 
-std::string UnitText(bool fahrenheit) { return fahrenheit ? "\xC2\xB0" "F" : "\xC2\xB0" "C"; }
-
 }  // namespace
 
 UserVaporsRead ReadUDV(const std::filesystem::path& path, UserVapors& user, Ui& ui) {
@@ -219,8 +217,10 @@ void UdvAbortChange(UdvScreen& screen, UserVapors& user, const std::filesystem::
   screen.mode = UdvScreen::Mode::kBrowse;
 }
 
+std::string TemperatureUnitText(bool fahrenheit) { return fahrenheit ? "\xC2\xB0" "F" : "\xC2\xB0" "C"; }
+
 std::array<std::string, 10> UdvGridHeads(bool fahrenheit) {
-  const std::string unit = UnitText(fahrenheit);
+  const std::string unit = TemperatureUnitText(fahrenheit);
   return {"ID#",           "Name",     "MW",          "T1 " + unit, "P1 mmHgA",
           "T2 " + unit,    "P2 mmHgA", "T3 " + unit,  "P3 mmHgA",   "Alcohol=1"};
 }
@@ -248,7 +248,7 @@ UdvCurve UdvGraph(const Vapors& vapors, int16_t row, bool fahrenheit) {
   UdvCurve curve;
   const auto& u = vapors.user.UDVDATA;
   const float t1 = u(row, 2), t3 = u(row, 6);
-  const std::string unit = UnitText(fahrenheit);
+  const std::string unit = TemperatureUnitText(fahrenheit);
   const auto shown = [&](float celsius) { return fahrenheit ? FahrenheitOf(celsius) : celsius; };
   curve.title = GeneralText(u(row, 1)) + " ID# " + ": " + RTrim(vapors.user.UDVNAME(row)) + "   (MW:" +
                 GeneralText(u(row, 8)) + ")";

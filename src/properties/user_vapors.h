@@ -55,6 +55,9 @@ bool UdvUpdate(UdvScreen& screen, UserVapors& user, const std::filesystem::path&
 // Abort Change: reads the file again and goes back to browsing.
 void UdvAbortChange(UdvScreen& screen, UserVapors& user, const std::filesystem::path& path, Ui& ui);
 
+// The unit of the temperatures shown: "°C", or "°F" when `fahrenheit`.
+std::string TemperatureUnitText(bool fahrenheit);
+
 // The grid's heads and rows in the unit shown: ID#, Name, MW, T1, P1, T2, P2, T3, P3, Alcohol=1.
 std::array<std::string, 10> UdvGridHeads(bool fahrenheit);
 std::vector<std::array<std::string, 10>> UdvGridRows(const UserVapors& user, bool fahrenheit);
