@@ -35,8 +35,6 @@ const PumpRecord* DesignedPump(const DesignContext& ctx) {
 
 namespace {
 
-constexpr float kKwPerHp = 0.7457f;  // as the annual power cost takes it
-
 // degC of a degF value, as the input screen pairs its temperatures.
 float Celsius(float f) { return Convert(Quantity::kTemperature, f, true); }
 

@@ -15,5 +15,11 @@ static_assert(kLbPerKgSingle == 2.2045993805f && kPsiPerBarSingle == 14.50379943
 inline constexpr float kM3hPerGpm = 0.22712470704f;  // US gallons per minute in cubic metres per hour
 inline constexpr float kM2PerFt2 = 0.09290304f;      // square feet in square metres
 inline constexpr float kM3hPerCfm = 1.69901082f;     // 0.3048^3 m3/ft3 * 60 min/hr
+inline constexpr float kKwPerHp = 0.7457f;           // horsepower in kilowatts, as the annual power cost takes it
+
+// The specification sheet's own, shorter factors: its flows and surfaces differ from the result screens' in the
+// seventh digit.
+inline constexpr double kGpmPerM3h = 4.4029;      // US gallons per minute in a cubic metre per hour
+inline constexpr float kM2PerFt2Sheet = 0.092903f;  // square feet in square metres
 
 }  // namespace kestrane
