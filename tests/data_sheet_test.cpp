@@ -13,15 +13,10 @@
 #include "test_support.h"
 
 using namespace kestrane;
-using kestrane::testing::At;
-using kestrane::testing::FieldEndingAt;
-using kestrane::testing::FieldStartingAt;
+using namespace kestrane::testing;
 namespace fs = std::filesystem;
 
 namespace {
-
-const fs::path kExamples = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles";
-const std::string kDate = "Nov 05, 2026";
 
 // The user information rows 1 to 8 as the user information window names them.
 UserInfo Sender() {
@@ -38,7 +33,7 @@ class DataSheet : public ::testing::Test {
   std::vector<std::string> Design(const char* example) {
     screen = NewCase();
     dc = DesignCase{};
-    EXPECT_TRUE(OpenCase(kExamples / example, screen, ui)) << example;
+    EXPECT_TRUE(OpenCase(kExampleCases / example, screen, ui)) << example;
     DesignContext ctx{dc, data, screen, pinterfix, ui};
     EXPECT_EQ(RunDesign(ctx, screen).input_error, 0) << example;
     return Lines();
@@ -46,12 +41,12 @@ class DataSheet : public ::testing::Test {
   // The sheet of the design as the screen now stands.
   std::vector<std::string> Lines() {
     DesignContext ctx{dc, data, screen, pinterfix, ui};
-    return DataSheetLines(ctx, user, kDate);
+    return DataSheetLines(ctx, user, kSheetDate);
   }
   // The designation on line 64: from column 24 up to the template's underscores.
   static std::string Designation(const std::string& line) { return line.substr(23, line.find('_', 23) - 23); }
 
-  AppData data = kestrane::testing::ShippedData();  // a copy: a test may add user vapors
+  AppData data = ShippedData();  // a copy: a test may add user vapors
   UserInfo user = Sender();
   RecordingUi ui;
   DesignCase dc;
@@ -59,7 +54,7 @@ class DataSheet : public ::testing::Test {
   float pinterfix = 0;
 };
 
-class DataSheetOutput : public kestrane::testing::ScratchFolder {};
+class DataSheetOutput : public ScratchFolder {};
 
 }  // namespace
 
@@ -67,11 +62,11 @@ class DataSheetOutput : public kestrane::testing::ScratchFolder {};
 
 TEST_F(DataSheet, HasSixtySixLinesOfSeventySixCharacters) {
   const auto lines = Design("SOLVENT-LOADS-THREE-STAGE.JET");
-  ASSERT_EQ(lines.size(), 66u);
-  for (const auto& line : lines) EXPECT_EQ(line.size(), 76u) << line;
+  ExpectSheetShape(lines, 66u);
   EXPECT_EQ(lines[0].substr(0, 44), "                          TESSEL CORPORATION");
   EXPECT_EQ(lines[1].substr(0, 52), "                   VACUUM SYSTEM DESIGN PROGRAM DATA");
-  EXPECT_EQ(lines[3].substr(0, 71), "   To:         Tessel Corporation                   Fax: " + std::string(kMakerFax));
+  EXPECT_EQ(lines[3].substr(0, 71),
+            "   To:         Tessel Corporation                   Fax: " + std::string(kMakerFax));
   EXPECT_EQ(lines[12].substr(0, 67), "   Please provide a vacuum system quotation based on the following:");
   EXPECT_EQ(lines[36], "   ID#     #/hr     kg/h  MW Vpr Name   T1    P1    T2    P2    T3    P3 ALC");
   EXPECT_EQ(lines[61], std::string(76, ' '));
@@ -201,7 +196,7 @@ TEST_F(DataSheet, AUserVaporShowsItsNameCutToEightAndItsPointsSixColumnsApart) {
   udv.UDVNAME(1) = FixedText("HEPTANES BLEND", kUserVaporNameLength);
 
   screen = NewCase();
-  ASSERT_TRUE(OpenCase(kExamples / "SOLVENT-LOADS-THREE-STAGE.JET", screen, ui));
+  ASSERT_TRUE(OpenCase(kExampleCases / "SOLVENT-LOADS-THREE-STAGE.JET", screen, ui));
   screen.txtCID[2] = "-1";
   DesignContext ctx{dc, data, screen, pinterfix, ui};
   ASSERT_EQ(RunDesign(ctx, screen).input_error, 0) << (ui.notices.empty() ? "" : ui.notices.back());
@@ -277,14 +272,14 @@ TEST_F(DataSheetOutput, TheFileHoldsTheLinesBehindThreeBlanksBetweenABlankLineAn
   EXPECT_TRUE(ui.notices.empty());
   std::string expected = " \r\n   Caf\xE9 line\r\n   second\r\n \r\n";
   for (size_t i = 0; i < 3; ++i) expected += MakerLine(i) + "\r\n";
-  EXPECT_EQ(kestrane::testing::ReadBytes(path), expected);
+  EXPECT_EQ(ReadBytes(path), expected);
   EXPECT_EQ(MakerLine(0), std::string(20, ' ') + std::string(kMakerLines[0]));
 }
 
 TEST_F(DataSheetOutput, AFailedWriteShowsANoticeNamingTheFileReturnsFalseAndLeavesNoTemporaryFile) {
   // A folder that is a plain file cannot hold the text file, whoever runs the test.
   const fs::path blocker = dir / "blocker";
-  kestrane::testing::WriteBytes(blocker, "x");
+  WriteBytes(blocker, "x");
   for (const fs::path& path : {blocker / "CASE.TXT", dir / "MISSING" / "CASE.TXT"}) {
     RecordingUi ui;
     bool written = true;
@@ -305,7 +300,7 @@ TEST_F(DataSheetOutput, AFailedWriteShowsANoticeNamingTheFileReturnsFalseAndLeav
 TEST(DataSheetPrint, TwelveLinesAtTwelvePointsThenTheRestFurtherInAtTenOnOnePage) {
   std::vector<std::string> lines;
   for (int n = 1; n <= 66; ++n) lines.push_back("line " + std::to_string(n));
-  kestrane::testing::RecordingPrinter printer;
+  RecordingPrinter printer;
   printer.font.size = 8;
   PrintDataSheet(lines, printer);
   ASSERT_EQ(printer.printed.size(), 67u);
@@ -323,19 +318,19 @@ TEST(DataSheetPrint, TwelveLinesAtTwelvePointsThenTheRestFurtherInAtTenOnOnePage
 
 TEST_F(DataSheetOutput, AnExampleWritesItsSheetBesideTheCase) {
   const fs::path case_path = dir / "Solvent.jet";
-  fs::copy_file(kExamples / "SOLVENT-LOADS-THREE-STAGE.JET", case_path);
+  fs::copy_file(kExampleCases / "SOLVENT-LOADS-THREE-STAGE.JET", case_path);
   RecordingUi ui;
   DesignCase dc;
   InputScreen screen = NewCase();
   ASSERT_TRUE(OpenCase(case_path, screen, ui));
   float pinterfix = 0;
-  DesignContext ctx{dc, kestrane::testing::ShippedData(), screen, pinterfix, ui};
+  DesignContext ctx{dc, ShippedData(), screen, pinterfix, ui};
   ASSERT_EQ(RunDesign(ctx, screen).input_error, 0);
-  const auto lines = DataSheetLines(ctx, Sender(), kDate);
+  const auto lines = DataSheetLines(ctx, Sender(), kSheetDate);
   const fs::path path = DataSheetTextPath(screen.USERCASE, "/nowhere");
   ASSERT_EQ(path, dir / "SOLVENT.TXT");
   ASSERT_TRUE(WriteSheetText(lines, path, ui));
-  const std::string bytes = kestrane::testing::ReadBytes(path);
+  const std::string bytes = ReadBytes(path);
   EXPECT_EQ(bytes.substr(0, 3 + 3 + 76 + 2), " \r\n   " + lines[0] + "\r\n");
   size_t line_ends = 0;
   for (size_t at = bytes.find("\r\n"); at != std::string::npos; at = bytes.find("\r\n", at + 2)) ++line_ends;

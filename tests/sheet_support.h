@@ -1,12 +1,25 @@
 // Helpers of the sheet tests: texts at their columns, a printer that keeps what it was sent.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "documents/page_sink.h"
 
 namespace kestrane::testing {
+
+inline const std::filesystem::path kExampleCases = std::filesystem::path(KESTRANE_SOURCE_DIR) / "usrfiles";
+// The date the sheets of the tests carry.
+inline const std::string kSheetDate = "Nov 05, 2026";
+
+// A sheet of `count` lines, each of the sheets' width of 76 characters.
+inline void ExpectSheetShape(const std::vector<std::string>& lines, size_t count) {
+  EXPECT_EQ(lines.size(), count);
+  for (const auto& line : lines) EXPECT_EQ(line.size(), 76u) << line;
+}
 
 // The `count` characters of a report line from column `column` (from 1).
 inline std::string At(const std::string& line, size_t column, size_t count) { return line.substr(column - 1, count); }

@@ -11,32 +11,27 @@
 #include "thermo/thermo_compressor.h"
 
 using namespace kestrane;
-using kestrane::testing::At;
-using kestrane::testing::FieldEndingAt;
-using kestrane::testing::FieldStartingAt;
+using namespace kestrane::testing;
 namespace fs = std::filesystem;
 
 namespace {
 
-const fs::path kExamples = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles";
-const std::string kDate = "Nov 05, 2026";
-
 class TcSheets : public ::testing::Test {
  protected:
-  TcSheets() : design_screen(NewCase()), ctx{dc, kestrane::testing::ShippedData(), design_screen, pinterfix, ui} {}
+  TcSheets() : design_screen(NewCase()), ctx{dc, ShippedData(), design_screen, pinterfix, ui} {}
 
   // Opens, checks and designs an example case.
   void Design(const char* example) {
     screen = TCInputScreen{};
-    ASSERT_TRUE(OpenTCFile(kExamples / example, screen, ui));
+    ASSERT_TRUE(OpenTCFile(kExampleCases / example, screen, ui));
     ASSERT_EQ(CheckTCInput(screen, dc, tcin, ctx.steam(), ui), 0);
     DesignThermoCompressor(ctx, tcin);
   }
-  std::vector<std::string> Spec() const { return TcSpecSheetLines(tcin, dc, screen, kDate); }
+  std::vector<std::string> Spec() const { return TcSpecSheetLines(tcin, dc, screen, kSheetDate); }
   std::vector<std::string> Data() const {
     UserInfo user(kUserInfoRows);
     for (int r = 1; r <= kUserInfoRows; ++r) user(r) = "Row " + std::to_string(r);
-    return TcDataSheetLines(dc, screen, user, kDate);
+    return TcDataSheetLines(dc, screen, user, kSheetDate);
   }
 
   RecordingUi ui;
@@ -48,7 +43,7 @@ class TcSheets : public ::testing::Test {
   TcInput tcin;
 };
 
-class TcSheetOutput : public kestrane::testing::ScratchFolder {};
+class TcSheetOutput : public ScratchFolder {};
 
 // Lines "line 1" to "line n".
 std::vector<std::string> Numbered(int n) {
@@ -64,8 +59,7 @@ std::vector<std::string> Numbered(int n) {
 TEST_F(TcSheets, SpecSheetStatesTheCaseTheSizeAndThePerformanceInStandardUnits) {
   Design("TC-MEDIUM-RATIO.TTC");
   const auto lines = Spec();
-  ASSERT_EQ(lines.size(), 33u);
-  for (const auto& line : lines) EXPECT_EQ(line.size(), 76u);
+  ExpectSheetShape(lines, 33u);
   EXPECT_EQ(lines[3].substr(0, 54), "                 THERMO COMPRESSOR SPECIFICATION SHEET");
   EXPECT_EQ(At(lines[5], 4, 12), "Item:       ");
   EXPECT_EQ(FieldStartingAt(lines[5], 17), "TC-202");
@@ -135,8 +129,7 @@ TEST_F(TcSheets, MetricSpecSheetConvertsAndWritesTheUnitWordAtColumnSeventyOne) 
 TEST_F(TcSheets, DataSheetAsksForAQuotationWithTheInputOnBothUnitSidesAndTheResult) {
   Design("TC-METRIC-HIGH-RATIO.TTC");
   const auto lines = Data();
-  ASSERT_EQ(lines.size(), 35u);
-  for (const auto& line : lines) EXPECT_EQ(line.size(), 76u);
+  ExpectSheetShape(lines, 35u);
   EXPECT_EQ(lines[1].substr(0, 54), "                 THERMO COMPRESSOR DESIGN PROGRAM DATA");
   EXPECT_EQ(lines[12].substr(0, 71), "   Please provide a thermo compressor quotation based on the following:");
   EXPECT_EQ(At(lines[4], 53, 18), "Date: Nov 05, 2026");
@@ -171,7 +164,7 @@ TEST(TcSheetTextPath, IsTheCaseUpperCasedWithTtcMadeTxtOrOutTxt) {
 }
 
 TEST(TcSheetPrint, SpecSheetLeavesRoomForTheDrawingWhichLandsOnTheSamePage) {
-  kestrane::testing::RecordingPrinter printer;
+  RecordingPrinter printer;
   size_t printed_before_drawing = 0;
   int drawings = 0;
   PrintTcSpecSheet(Numbered(33), printer, [&](PageSink& p) {
@@ -193,7 +186,7 @@ TEST(TcSheetPrint, SpecSheetLeavesRoomForTheDrawingWhichLandsOnTheSamePage) {
   for (const auto& line : printer.printed) EXPECT_EQ(line.font, "Courier New");
   EXPECT_EQ(printer.ended, 1);
 
-  kestrane::testing::RecordingPrinter without;
+  RecordingPrinter without;
   PrintTcSpecSheet(Numbered(33), without, nullptr);
   EXPECT_EQ(without.printed.size(), 59u);
   EXPECT_EQ(without.ended, 1);
@@ -204,7 +197,7 @@ TEST_F(TcSheetOutput, DataSheetPrintsAndWritesTheSameLines) {
   std::vector<std::string> expected = {" ", "   first", "   second", " ", "  ", "  ", "  "};
   for (size_t i = 0; i < 3; ++i) expected.push_back(MakerLine(i));
 
-  kestrane::testing::RecordingPrinter printer;
+  RecordingPrinter printer;
   PrintTcDataSheet(lines, printer);
   std::vector<std::string> printed;
   for (const auto& line : printer.printed) {
@@ -218,10 +211,10 @@ TEST_F(TcSheetOutput, DataSheetPrintsAndWritesTheSameLines) {
   ASSERT_TRUE(WriteTcSheetText(lines, dir / "TC.TXT", ui));
   std::string bytes;
   for (const auto& line : expected) bytes += line + "\r\n";
-  EXPECT_EQ(kestrane::testing::ReadBytes(dir / "TC.TXT"), bytes);
+  EXPECT_EQ(ReadBytes(dir / "TC.TXT"), bytes);
 
   const fs::path blocker = dir / "blocker";
-  kestrane::testing::WriteBytes(blocker, "x");
+  WriteBytes(blocker, "x");
   EXPECT_FALSE(WriteTcSheetText(lines, blocker / "TC.TXT", ui));
   ASSERT_EQ(ui.notices.size(), 1u);
   EXPECT_NE(ui.notices[0].find((blocker / "TC.TXT").string()), std::string::npos);

@@ -61,8 +61,6 @@ const std::pair<size_t, std::string_view> kTemplates[] = {
     {66, "   Total annual utility cost: $ _______________________________________"},
 };
 
-using Sheet = RequestLines;
-
 // A load rate: one decimal, none above 1000.
 void PlaceRate(std::string& line, float rate, int16_t column) {
   PlaceNumber(line, rate, rate > 1000.0f ? 10.0f : 10.1f, 1, column);
@@ -77,13 +75,15 @@ int Selected(const std::array<int16_t, N>& options) {
   return -1;
 }
 
-void PlaceInputAndCosts(Sheet& sheet, const InputScreen& screen) {
+void PlaceInputAndCosts(RequestLines& sheet, const InputScreen& screen) {
   // The last main input, the fouling factor, takes four decimals.
   PlaceMainInput(sheet, 17, screen.Metric(), screen.txtInput, screen.txtInputA, 12.4f);
-  for (size_t k = 0; k < screen.txtCost.size(); ++k) PlaceNumber(sheet(26 + k), BoxNumber(screen.txtCost[k]), 12.2f, -1, 58);
+  for (size_t k = 0; k < screen.txtCost.size(); ++k) {
+    PlaceNumber(sheet(26 + k), BoxNumber(screen.txtCost[k]), 12.2f, -1, 58);
+  }
 }
 
-void PlaceChoices(Sheet& sheet, const InputScreen& screen) {
+void PlaceChoices(RequestLines& sheet, const InputScreen& screen) {
   const int type = Selected(screen.OptionCondenserType);
   if (type == 0 || type == 1) {
     PlaceInField(-1, sheet(29), "Shell & Tube", 58);
@@ -123,7 +123,7 @@ void PlaceUserVapor(std::string& line, const AppData& data, int16_t id) {
   PlaceInField(-1, line, FormatFixed(data.user_vapors.UDVDATA(row, 9), 3.0f), 76);
 }
 
-void PlaceLoads(Sheet& sheet, const DesignContext& ctx) {
+void PlaceLoads(RequestLines& sheet, const DesignContext& ctx) {
   const InputScreen& screen = ctx.screen;
   for (size_t row = 0; row < screen.txtCID.size(); ++row) {
     std::string& line = sheet(38 + row);
@@ -156,7 +156,7 @@ void PlaceLoads(Sheet& sheet, const DesignContext& ctx) {
 }
 
 // Design pressure, hydro test pressure and design temperature, process and water side, in both unit sets.
-void PlaceDesign(Sheet& sheet, const InputScreen& screen) {
+void PlaceDesign(RequestLines& sheet, const InputScreen& screen) {
   enum : size_t { kWaterPressure, kWaterTemperature, kProcessPressure, kProcessTemperature };
   const auto place = [&](size_t n, size_t process, size_t water, float factor) {
     PlaceNumber(sheet(n), BoxNumber(screen.txtDesign[process]) * factor, 10.1f, 1, 26);
@@ -169,7 +169,7 @@ void PlaceDesign(Sheet& sheet, const InputScreen& screen) {
   place(53, kProcessTemperature, kWaterTemperature, 1.0f);
 }
 
-void PlaceMaterials(Sheet& sheet, const DesignContext& ctx) {
+void PlaceMaterials(RequestLines& sheet, const DesignContext& ctx) {
   const InputScreen& screen = ctx.screen;
   static const std::array<std::pair<ListBox, ListBox>, 4> kMaterials = {{
       {kSuctionChamberMaterial, kProcessSideMaterial},
@@ -186,7 +186,7 @@ void PlaceMaterials(Sheet& sheet, const DesignContext& ctx) {
   PlaceInField(-1, sheet(61), std::string(ListText(screen, kCNDCode)), 22);
 }
 
-void PlaceResults(Sheet& sheet, const DesignContext& ctx) {
+void PlaceResults(RequestLines& sheet, const DesignContext& ctx) {
   // The designation leaves out the equipment at the suction end.
   const std::vector<EquipmentSlot> slots = EquipmentSlots(ctx, ctx.screen.Metric());
   std::string designation;
@@ -203,7 +203,7 @@ void PlaceResults(Sheet& sheet, const DesignContext& ctx) {
 
 std::vector<std::string> DataSheetLines(const DesignContext& ctx, const UserInfo& user, const std::string& date_text) {
   const InputScreen& screen = ctx.screen;
-  Sheet sheet(kDataSheetLines);
+  RequestLines sheet(kDataSheetLines);
   PlaceRequestHead(sheet, "                   VACUUM SYSTEM DESIGN PROGRAM DATA",
                    "   Please provide a vacuum system quotation based on the following:", user, date_text,
                    {screen.txtHeadingInput, screen.CASENAME});

@@ -1,5 +1,4 @@
-// The design data sheet: the quotation request that states every input of a case and the design's results, printed
-// and written to a text file.
+// The design data sheet: the quotation request stating a case's inputs and results, printed and written as text.
 #pragma once
 
 #include <filesystem>

@@ -25,7 +25,9 @@ std::string CaseStem(std::string_view file_name) {
   return Trim(file_name.substr(0, dot));
 }
 
-std::string MakerLine(size_t i) { return std::string(static_cast<size_t>(kMakerIndents[i]), ' ') + std::string(kMakerLines[i]); }
+std::string MakerLine(size_t i) {
+  return std::string(static_cast<size_t>(kMakerIndents[i]), ' ') + std::string(kMakerLines[i]);
+}
 
 void PageHeader(PageSink& printer, std::string_view title, std::string_view file_name, std::string_view date_text,
                 std::string_view prefix) {

@@ -1,5 +1,4 @@
-// What the two quotation request sheets share: their head with the sender and the case, their text file's name,
-// and the text file itself.
+// What the quotation request sheets share: the head with sender and case, the text file's name, the text file.
 #pragma once
 
 #include <array>

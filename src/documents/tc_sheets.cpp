@@ -1,5 +1,4 @@
-// The thermo compressor's specification sheet and data sheet: template lines filled from the checked input, STG
-// column 1 and the input screen.
+// The thermo compressor sheets: template lines filled from the checked input, STG column 1 and the input screen.
 #include "documents/tc_sheets.h"
 
 #include <utility>

@@ -1,5 +1,4 @@
-// The thermo compressor's two sheets: the specification sheet that carries the preliminary drawing on its page, and
-// the data sheet that asks for a quotation, printed and written to a text file.
+// The thermo compressor's specification sheet (with room for its drawing) and its quotation request data sheet.
 #pragma once
 
 #include <filesystem>
