@@ -71,6 +71,18 @@ void Select(InputScreen& screen, std::array<int16_t, N>& group, int index) {
 
 }  // namespace
 
+std::string_view EntryAt(const std::vector<std::string_view>& entries, int index) {
+  return index >= 0 && index < static_cast<int>(entries.size()) ? entries[static_cast<size_t>(index)] : "";
+}
+
+std::string_view ListText(const InputScreen& screen, ListBox box) {
+  return EntryAt(ListBoxDefinition(box).entries, screen.lists[static_cast<size_t>(box)]);
+}
+
+std::string HeadLetters(const InputScreen& screen) {
+  return std::string(screen.lists[kInletHead] == 1 ? "A" : "B") + "E" + (screen.lists[kReturnHead] == 1 ? "L" : "M");
+}
+
 float Convert(Quantity q, float v, bool to_metric) {
   switch (q) {
     case Quantity::kPressureMmHg: return to_metric ? static_cast<float>(v / 7.5) : static_cast<float>(v * 7.5);

@@ -13,6 +13,7 @@
 namespace kestrane {
 
 struct Steam;
+struct InputScreen;
 
 // List boxes by their position in the case file.
 enum ListBox : int {
@@ -46,6 +47,16 @@ struct ListBoxDef {
   std::vector<std::string_view> entries;
 };
 const ListBoxDef& ListBoxDefinition(ListBox box);
+
+// Entry `index` (from 0) of a list; empty when the index names none.
+std::string_view EntryAt(const std::vector<std::string_view>& entries, int index);
+
+// The text of the entry selected in a list box; empty when its index names none.
+std::string_view ListText(const InputScreen& screen, ListBox box);
+
+// The head letters of a surface condenser's model: inlet head "A" for a channel, else "B"; "E"; return head "L"
+// for a channel, else "M" ("BEM").
+std::string HeadLetters(const InputScreen& screen);
 
 // The boxes that hold numbers, for the check on leaving a box, and the vapor IDs of the condensible loads (kCID,
 // text boxes the input check reads).

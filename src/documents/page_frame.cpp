@@ -25,6 +25,10 @@ std::string CaseStem(std::string_view file_name) {
   return Trim(file_name.substr(0, dot));
 }
 
+std::string MakerLine(size_t i) {
+  return std::string(static_cast<size_t>(kMakerIndents[i]), ' ') + std::string(kMakerLines[i]);
+}
+
 void PageHeader(PageSink& printer, std::string_view title, std::string_view file_name, std::string_view date_text,
                 std::string_view prefix) {
   printer.font.name = "Courier New";
@@ -50,9 +54,7 @@ void PageFooter(PageSink& printer) {
   printer.SetCurrentY(printer.Height() - kFootAboveEdgeTwips);
   printer.font.name = "Courier New";
   printer.font.size = 10;
-  for (size_t i = 0; i < kMakerLines.size(); ++i) {
-    printer.Print(std::string(static_cast<size_t>(kMakerIndents[i]), ' ') + std::string(kMakerLines[i]));
-  }
+  for (size_t i = 0; i < kMakerLines.size(); ++i) printer.Print(MakerLine(i));
   printer.EndDoc();
 }
 

@@ -26,6 +26,9 @@ inline constexpr std::string_view kMakerFax = "(281) 555-0143";
 // The blanks before each maker line in the page foot, which centre it on the page.
 inline constexpr std::array<int, 3> kMakerIndents = {20, 24, 15};
 
+// Maker line `i` (0 to 2) behind its indent, as the page foot and the sheets print it.
+std::string MakerLine(size_t i);
+
 // Today's date as every report prints it: "Nov 05, 2026".
 inline std::string ReportDate(const VbDate& today) { return FormatDate(today); }
 

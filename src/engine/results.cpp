@@ -66,10 +66,8 @@ std::string EjectorModel(const DesignContext& ctx, int c) {
 std::string CondenserDescription(const DesignContext& ctx, int col, bool metric) {
   if (!metric) return CondenserModel(ctx, col);
   // The same rule with the shell and tube length in millimetres.
-  const char* head = ctx.screen.lists[kInletHead] == 1 ? "A" : "B";
-  const char* ret = ctx.screen.lists[kReturnHead] == 1 ? "L" : "M";
   return std::to_string(CInt(ctx.dc.CND(col, kCndOD) * 25.4)) + "x" +
-         std::to_string(CInt(ctx.dc.CND(col, kCndTL) * 304.8)) + head + "E" + ret;
+         std::to_string(CInt(ctx.dc.CND(col, kCndTL) * 304.8)) + HeadLetters(ctx.screen);
 }
 
 std::vector<EquipmentSlot> EquipmentSlots(const DesignContext& ctx, bool metric) {

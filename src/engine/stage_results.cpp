@@ -297,10 +297,8 @@ void CondenserLines(const DesignContext& ctx, float t, int n, float& dia1, float
 }
 
 std::string CondenserModel(const DesignContext& ctx, int col) {
-  const char* head = ctx.screen.lists[kInletHead] == 1 ? "A" : "B";
-  const char* ret = ctx.screen.lists[kReturnHead] == 1 ? "L" : "M";
-  return Trim(GeneralText(ctx.dc.CND(col, kCndOD))) + "x" + Trim(GeneralText(ctx.dc.CND(col, kCndTL))) + head + "E" +
-         ret;
+  return Trim(GeneralText(ctx.dc.CND(col, kCndOD))) + "x" + Trim(GeneralText(ctx.dc.CND(col, kCndTL))) +
+         HeadLetters(ctx.screen);
 }
 
 void CondenserOutline(DesignContext& ctx, int col) {

@@ -1,27 +1,14 @@
 // The search of the vapor grids: the next row whose text columns hold a text, upper-cased, backward or forward.
 #include "properties/vapor_search.h"
 
-#include <algorithm>
-#include <cctype>
-
 #include "properties/vb.h"
 
 namespace kestrane {
 
-namespace {
-
-std::string Upper(std::string_view text) {
-  std::string out(text);
-  std::transform(out.begin(), out.end(), out.begin(), [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  return out;
-}
-
-}  // namespace
-
 VaporSearchResult SearchVaporRows(const std::vector<std::vector<std::string>>& rows, std::string_view text,
                                   int current, bool forward) {
   VaporSearchResult result;
-  const std::string wanted = Upper(Trim(text));
+  const std::string wanted = UCase(Trim(text));
   if (wanted.empty()) {
     result.message = "Type a text to search for.";
     return result;
@@ -30,7 +17,7 @@ VaporSearchResult SearchVaporRows(const std::vector<std::vector<std::string>>& r
   const int step = forward ? 1 : -1;
   for (int row = current + step; row >= 1 && row <= count; row += step) {
     for (const std::string& cell : rows[static_cast<size_t>(row - 1)]) {
-      if (Upper(cell).find(wanted) != std::string::npos) {
+      if (UCase(cell).find(wanted) != std::string::npos) {
         result.row = row;
         result.message = "\"" + Trim(text) + "\" found in row " + std::to_string(row) + ".";
         return result;

@@ -122,6 +122,9 @@ struct VbDate {
 // Date in the mask "MMM DD, YYYY": "Nov 05, 2026".
 std::string FormatDate(const VbDate& date);
 
+// UCase: the letters a to z upper-cased, every other character as it is.
+std::string UCase(std::string_view text);
+
 // Trim blanks as Trim$, LTrim$ and RTrim$ do (spaces only).
 std::string Trim(std::string_view text);
 std::string LTrim(std::string_view text);

@@ -51,6 +51,10 @@ const std::array<std::string_view, 2> kTcUnitOptions = {"Standard Units", "Metri
 
 const TcListDef& TcListDefinition(TcList list) { return kTcLists[static_cast<size_t>(list)]; }
 
+std::string_view TcListText(const TCInputScreen& screen, TcList list) {
+  return EntryAt(TcListDefinition(list).entries, screen.lists[static_cast<size_t>(list)]);
+}
+
 void ClearTCInput(TCInputScreen& screen) {
   screen = TCInputScreen{};
 }

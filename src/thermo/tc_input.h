@@ -41,6 +41,9 @@ struct TCInputScreen {
   bool Metric() const { return OptionUnits[1] != 0; }
 };
 
+// The text of the entry selected in a list; empty when its index names none.
+std::string_view TcListText(const TCInputScreen& screen, TcList list);
+
 // Captions of the heading rows and of the value rows with their units.
 extern const std::array<std::string_view, 3> kTcHeadingCaptions;
 extern const std::array<std::string_view, kTcInputs> kTcInputCaptions;

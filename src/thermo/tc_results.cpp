@@ -9,15 +9,17 @@
 
 namespace kestrane {
 
+std::string TcModel(const DesignCase& dc) {
+  // "TC", "-" where an ejector names its stage, the size, "x" and the throat.
+  return "TC-" + Trim(GeneralText(dc.STG(1, kStgSIZE))) + "x" + Format(dc.STG(1, kStgTHROAT), "0.00");
+}
+
 TcResults FillTCResults(const DesignCase& dc, bool metric) {
   TcResults r;
   r.captions = {"Model                ", metric ? "Motive (kg/hr)" : "Motive (#/hr)", "Suction Dia. (in.)",
                 "Discharge Dia. (in.)", "Motive Dia. (in.)"};
-  // "TC", "-" where an ejector names its stage, the size, "x" and the throat.
-  const std::string model =
-      "TC-" + Trim(GeneralText(dc.STG(1, kStgSIZE))) + "x" + Format(dc.STG(1, kStgTHROAT), "0.00");
   const float motive = dc.STG(1, kStgMOTIVE) / (metric ? kLbPerKgSingle : 1.0f);
-  r.values = {model, FormatFixed(motive, 12.0f), FormatFixed(dc.STG(1, kStgDIAS), 12.2f),
+  r.values = {TcModel(dc), FormatFixed(motive, 12.0f), FormatFixed(dc.STG(1, kStgDIAS), 12.2f),
               FormatFixed(dc.STG(1, kStgDIAD), 12.2f), FormatFixed(dc.STG(1, kStgDIAM), 12.2f)};
   return r;
 }

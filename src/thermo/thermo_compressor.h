@@ -31,6 +31,9 @@ TcOutcome DesignThermoCompressor(DesignContext& ctx, const TcInput& tcin);
 void TCDimensions(const DesignContext& ctx, int16_t type, float size, float throat, float dias, float diad, float diam,
                   float& dima, float& dimb, float& dimc);
 
+// The compressor's model text, as the result frame and the sheets show it: "TC-", the size, "x" and the throat.
+std::string TcModel(const DesignCase& dc);
+
 // The result frame: captions, the model and the values, standard or metric.
 struct TcResults {
   std::vector<std::string> captions;
