@@ -81,11 +81,11 @@ struct CliRun {
   std::string err;
 };
 
-// Runs the kestrane command with the given arguments (already quoted for the shell).
-inline CliRun Kestrane(const std::string& args) {
+// Runs a shell command line: its standard output, standard error and exit status.
+inline CliRun Run(const std::string& command_line) {
   const std::filesystem::path err_file =
       std::filesystem::temp_directory_path() / ("kestrane_cli_err_" + std::to_string(::getpid()));
-  const std::string command = std::string(KESTRANE_CLI) + " " + args + " 2>" + err_file.string();
+  const std::string command = command_line + " 2>" + err_file.string();
   CliRun r;
   FILE* pipe = ::popen(command.c_str(), "r");
   if (!pipe) return r;
@@ -98,6 +98,9 @@ inline CliRun Kestrane(const std::string& args) {
   std::filesystem::remove(err_file);
   return r;
 }
+
+// Runs the kestrane command with the given arguments (already quoted for the shell).
+inline CliRun Kestrane(const std::string& args) { return Run(std::string(KESTRANE_CLI) + " " + args); }
 
 // A fresh empty folder for each test, removed afterwards. The user's data
 // folder and documents folder of the test (and of the programs it starts) lie

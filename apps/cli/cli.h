@@ -111,5 +111,6 @@ void AddCheckCommand(CLI::App& app, const GlobalOptions& options, int& exit_code
 void AddDesignCommands(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddTcCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddCalculatorCommands(CLI::App& app, const GlobalOptions& options, int& exit_code);
+void AddPrintCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 
 }  // namespace kestrane::cli

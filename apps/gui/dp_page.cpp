@@ -6,6 +6,8 @@
 #include <QMenuBar>
 #include <QVBoxLayout>
 
+#include "documents/page_frame.h"
+#include "documents/tool_reports.h"
 #include "pages.h"
 #include "trap.h"
 
@@ -43,6 +45,13 @@ dpVac::dpVac(MainWindow& w) : Page(&w), w_(w), watcher_(this, w.ui) {
     Refresh();
   }));
   bar->addAction("&Calculate", this, Trapped(w_.ui, [this] { Calculate(); }));
+  bar->addAction("&Print", this, Trapped(w_.ui, [this] {
+    const DpScreen shown = model;
+    const std::string date = ReportDate(w_.session.Today());
+    w_.preview(this, {Caption(), [shown, date](PageSink& printer) {
+                        PrintPressureDrop(printer, shown.results, shown.file, date);
+                      }});
+  }))->setObjectName("mnuPrint");
 
   auto* top = new QHBoxLayout;
   auto* method = new QGroupBox("Method");

@@ -5,6 +5,8 @@
 #include <QMenuBar>
 #include <QVBoxLayout>
 
+#include "documents/page_frame.h"
+#include "documents/tool_reports.h"
 #include "pages.h"
 #include "trap.h"
 
@@ -54,6 +56,14 @@ GoFigure::GoFigure(MainWindow& w) : QWidget(nullptr, Qt::Window), w_(w), watcher
                     Show();
                   },
                   {}});
+  bar->addAction("&Print", this, Trapped(w_.ui, [this] {
+    Take();
+    const NupreirScreen shown = model;
+    const std::string date = ReportDate(w_.session.Today());
+    w_.preview(this, {windowTitle(), [shown, date](PageSink& printer) {
+                        PrintNupreir(printer, shown.variables, shown.expression, shown.results, shown.file, date);
+                      }});
+  }))->setObjectName("mnuPrint");
   cmboExprText = new QComboBox;
   cmboExprText->setEditable(true);
   cmboExprText->setInsertPolicy(QComboBox::NoInsert);

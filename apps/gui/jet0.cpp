@@ -1,4 +1,5 @@
 // The results window of a design: its frames laid out by the parts of the train that exist, the debugger grid and the pump error.
+#include <QApplication>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QMenuBar>
@@ -9,6 +10,8 @@
 #include <QVBoxLayout>
 
 #include "case/jet_file.h"
+#include "documents/design_reports.h"
+#include "documents/page_frame.h"
 #include "engine/design_summary.h"
 #include "engine/results.h"
 #include "pages.h"
@@ -49,7 +52,7 @@ QTableWidget* Frame(const ResultsBlock& block) {
 
 frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   auto* layout = new QVBoxLayout(this);
-  auto* bar = new QMenuBar;
+  auto* bar = menus = new QMenuBar;
   layout->setMenuBar(bar);
   QMenu* file = bar->addMenu("&File");
   const auto save_as = [this] {
@@ -73,7 +76,30 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
     }
   }));
   file->addAction("Save &As...", this, Trapped(w_.ui, save_as));
+  file->addSeparator();
+  export_pdf_ = file->addAction("&Export PDF...", this, Trapped(w_.ui, [this] {
+    const QString suggested = Q(CaseStem(w_.screen.CASENAME).empty() ? "OUT" : CaseStem(w_.screen.CASENAME)) + ".pdf";
+    const QString path = w_.pdf_path(this, suggested);
+    if (!path.isEmpty()) ExportPdf(path);
+  }));
   bar->addAction("&Revise Data", this, Trapped(w_.ui, [this] { w_.SwapForms(Form::frmJET0, Form::frmJetInput); }));
+  // The print entries, as the results have always named them: the data sheet entry prints the specification
+  // sheet and the quotation request the design data sheet. Drawings print once the drawing sets are installed.
+  QMenu* print = print_menu_ = bar->addMenu("&Print");
+  const auto entry = [this, print](const char* text, PrintCommand command) {
+    QAction* action = print->addAction(text, this, Trapped(w_.ui, [this, command] { Print(command); }));
+    action->setObjectName(Q(std::string(PrintCommandOf(command).name)));
+    return action;
+  };
+  entry("&Data Sheet", PrintCommand::kDataSheet);
+  entry("&Quotation Request", PrintCommand::kQuotationRequest);
+  entry("D&rawings", PrintCommand::kDrawings)->setEnabled(false);
+  entry("&Process Flow Diagram", PrintCommand::kProcessFlowDiagram)->setEnabled(false);
+  entry("&All Output", PrintCommand::kAllOutput);
+  lblStatus = new QLabel;
+  lblStatus->setStyleSheet("font-weight: bold;");
+  lblStatus->hide();
+  layout->addWidget(lblStatus);
   lblMessage = new QLabel;
   lblMessage->setStyleSheet("color: red; font-weight: bold;");
   layout->addWidget(lblMessage);
@@ -150,8 +176,58 @@ void frmJET0::ShowResults(bool results, const std::string& message) {
     }
   }
   Grid1->resizeColumnsToContents();
+  has_results_ = results;
   cmdDebugger->setEnabled(results);
+  print_menu_->menuAction()->setEnabled(results);
+  export_pdf_->setEnabled(results);
   if (!results) cmdDebugger->setChecked(false);
+}
+
+void frmJET0::SetResultsMode(int mode) {
+  const bool printing = mode == 2;
+  lblStatus->setVisible(printing);
+  splitter_->setVisible(!printing);
+  for (QAction* action : menus->actions()) action->setEnabled(!printing);
+  print_menu_->menuAction()->setEnabled(!printing && has_results_);
+  export_pdf_->setEnabled(has_results_);
+  cmdDebugger->setEnabled(!printing && has_results_);
+}
+
+void frmJET0::SetStatus(const std::string& text) { lblStatus->setText(Q(text)); }
+
+void frmJET0::SetBusy(bool busy) {
+  if (busy) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void frmJET0::ProcessEvents() { QCoreApplication::processEvents(); }
+
+namespace {
+
+// The sheets of the case shown, as a report job; the data sheet's text is written beside the case first.
+ReportJob DesignSheetsJob(MainWindow& w, const std::vector<Report>& reports, const QString& title) {
+  DesignContext ctx{w.session.design, w.session.data, w.screen, w.session.PINTERFIX, w.ui};
+  auto sheets = std::make_shared<DesignSheets>(
+      PrepareDesignSheets(reports, ctx, ReportDate(w.session.Today()), w.session.data.paths.usrfiles));
+  return {title, [sheets](PageSink& printer) { PrintDesignSheets(*sheets, printer); }};
+}
+
+}  // namespace
+
+void frmJET0::Print(PrintCommand command) {
+  RunPrintCommand(command, *this, [this, command](const std::vector<Report>& reports) {
+    const ReportJob job = DesignSheetsJob(w_, reports, Caption());
+    w_.preview(this, job);
+  });
+}
+
+void frmJET0::ExportPdf(const QString& path) {
+  RunPrintCommand(PrintCommand::kAllOutput, *this, [this, &path](const std::vector<Report>& reports) {
+    WriteReportPdf(DesignSheetsJob(w_, reports, Caption()), path, w_.ui);
+  });
 }
 
 }  // namespace kestrane::gui

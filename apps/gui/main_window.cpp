@@ -18,6 +18,13 @@
 namespace kestrane::gui {
 
 MainWindow::MainWindow(Session& s, QtUi& u) : session(s), ui(u), screen(NewCase()) {
+  pdf_path = [this](QWidget* parent, const QString& suggested) {
+    QFileDialog dialog(parent, "Export PDF", QString::fromStdString((session.data.paths.usrfiles / suggested.toStdString()).string()),
+                       "PDF Files (*.pdf)");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix("pdf");
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+  };
   stack_ = new QStackedWidget(this);
   setCentralWidget(stack_);
   AddPage(Form::MainForm, new MainForm(*this));

@@ -9,6 +9,7 @@
 #include "case/input_screen.h"
 #include "case/jet_file.h"
 #include "engine/design_context.h"
+#include "printing.h"
 #include "qt_ui.h"
 #include "shell/forms.h"
 #include "shell/session.h"
@@ -70,6 +71,11 @@ class MainWindow : public QMainWindow {
 
   // The help window at the page of the current form (F1 anywhere).
   void ShowHelp();
+
+  // Shows a report before it prints: the print preview; tests put their own page sink here.
+  std::function<void(QWidget*, const ReportJob&)> preview = PreviewReport;
+  // The file name for a PDF export, asked in a save dialog; empty when cancelled. Tests answer it themselves.
+  std::function<QString(QWidget*, const QString& suggested)> pdf_path;
 
   Session& session;
   QtUi& ui;

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -22,6 +23,7 @@
 #include "calculators/nupreir.h"
 #include "calculators/tail_leg.h"
 #include "calculators/pressure_drop.h"
+#include "documents/print_commands.h"
 #include "engine/design_run.h"
 #include "thermo/tc_file.h"
 #include "properties/user_vapors.h"
@@ -102,23 +104,36 @@ class frmJetInput : public Page {
 };
 
 // The results of a design: utilities, ejectors, condensers and pump, the debugger grid, "LRVP Error".
-class frmJET0 : public Page {
+class frmJET0 : public Page, public PrintingWindow {
   Q_OBJECT
 
  public:
   explicit frmJET0(MainWindow& window);
   QString Caption() const override;
   void ShowResults(bool results, const std::string& message);
+  // A print entry of the menu: the sheets it names, through the print preview.
+  void Print(PrintCommand command);
+  // File > Export PDF: the specification and data sheets as one PDF file.
+  void ExportPdf(const QString& path);
+  void SetResultsMode(int mode) override;
+  void SetStatus(const std::string& text) override;
+  void SetBusy(bool busy) override;
+  void ProcessEvents() override;
   QLabel* lblMessage;
+  QLabel* lblStatus;  // "Patience....printing..." while a print command runs
   QTableWidget* Grid1;
   QWidget* frames;
   QPushButton* cmdDebugger;
+  QMenuBar* menus;
 
  private:
   MainWindow& w_;
   QVBoxLayout* results_;  // the results blocks
   QVBoxLayout* details_;  // what else the design computed, beside them
   QSplitter* splitter_;   // the results above, the debugger grid below
+  QMenu* print_menu_;     // enabled while results are shown
+  QAction* export_pdf_;   // likewise
+  bool has_results_ = false;
 };
 
 class ConvertForm : public Page {
@@ -203,19 +218,33 @@ class TCInput : public Page {
 };
 
 // The thermo compressor results and the debugger rows.
-class TCform : public Page {
+class TCform : public Page, public PrintingWindow {
   Q_OBJECT
 
  public:
   explicit TCform(MainWindow& window);
   QString Caption() const override;
   void ShowResults(const TcOutcome& outcome);
+  // Print: the specification sheet with its drawing and the data sheet, through the print preview.
+  void Print();
+  // File > Export PDF: the same two sheets as a PDF file.
+  void ExportPdf(const QString& path);
+  void SetResultsMode(int mode) override;
+  void SetStatus(const std::string& text) override;
+  void SetBusy(bool busy) override;
+  void ProcessEvents() override;
   QTableWidget* results;
   QTableWidget* grid;
   QLabel* body;
+  QLabel* lblStatus;
+  QMenuBar* menus;
+  TcInput tcres;  // the checked input of the design shown
 
  private:
+  // The two sheets of the case shown, their data sheet's text written beside the case.
+  ReportJob SheetsJob();
   MainWindow& w_;
+  QWidget* lists_;  // the results and the debugger rows
 };
 
 // The gas pressure loss window: method, units, the 19 fields, the results box and the TDP file.
@@ -318,7 +347,7 @@ class frmUDV : public Page {
   std::array<QLineEdit*, 9> TextUDV{};
   QCheckBox* alcohol;
   QRadioButton *fahrenheit, *celsius;
-  QPushButton *add, *edit, *remove, *update, *abort, *graph;
+  QPushButton *add, *edit, *remove, *update, *abort, *graph, *print_current, *print_all;
   class QChartView* chart;
 
  private:

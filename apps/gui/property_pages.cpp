@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "documents/page_frame.h"
+#include "documents/user_vapor_reports.h"
 #include "pages.h"
 #include "properties/numeric.h"
 #include "properties/steam.h"
@@ -264,7 +266,9 @@ frmUDV::frmUDV(MainWindow& w) : Page(&w), w_(w) {
   update = new QPushButton("&Update");
   abort = new QPushButton("Abort &Change");
   graph = new QPushButton("&Graph");
-  for (auto* b : {add, edit, remove, update, abort, graph}) buttons->addWidget(b);
+  print_current = new QPushButton("&Print Current");
+  print_all = new QPushButton("Print A&ll");
+  for (auto* b : {add, edit, remove, update, abort, graph, print_current, print_all}) buttons->addWidget(b);
   buttons->addStretch();
   buttons->addWidget(ExitTo(w, Form::frmUDV, this));
   layout->addLayout(buttons);
@@ -293,6 +297,22 @@ frmUDV::frmUDV(MainWindow& w) : Page(&w), w_(w) {
     Take();
     UdvUpdate(model, w_.session.data.user_vapors, path(), w_.ui);
     Refresh();
+  }));
+  connect(print_current, &QPushButton::clicked, this, Trapped(w_.ui, [this] {
+    const int id = SelectedId();
+    if (id == 0) return;
+    const bool in_f = model.fahrenheit;
+    const std::string date = ReportDate(w_.session.Today());
+    w_.preview(this, {Caption(), [this, id, in_f, date](PageSink& printer) {
+                        const Vapors vapors{w_.session.data.vapors, w_.session.data.user_vapors, w_.ui};
+                        PrintUserVapor(printer, vapors, static_cast<int16_t>(-id), in_f, date);
+                      }});
+  }));
+  connect(print_all, &QPushButton::clicked, this, Trapped(w_.ui, [this] {
+    const std::string date = ReportDate(w_.session.Today());
+    w_.preview(this, {Caption(), [this, date](PageSink& printer) {
+                        PrintAllUserVapors(printer, w_.session.data.user_vapors, date);
+                      }});
   }));
   connect(abort, &QPushButton::clicked, this, Trapped(w_.ui, [this, path] {
     UdvAbortChange(model, w_.session.data.user_vapors, path(), w_.ui);
@@ -338,7 +358,7 @@ void frmUDV::Refresh() {
   for (size_t i = 1; i < 9; ++i) TextUDV[i]->setEnabled(editing);
   alcohol->setChecked(model.alcohol);
   alcohol->setEnabled(editing);
-  for (auto* b : {add, edit, remove, graph}) b->setEnabled(!editing);
+  for (auto* b : {add, edit, remove, graph, print_current, print_all}) b->setEnabled(!editing);
   for (auto* b : {update, abort}) b->setEnabled(editing);
   grid->setEnabled(!editing);
 }

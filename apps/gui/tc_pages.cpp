@@ -1,4 +1,5 @@
 // The thermo compressor windows: the input with its file menu and check, and the results with the debugger rows.
+#include <QApplication>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -7,6 +8,8 @@
 #include <QMenuBar>
 #include <QVBoxLayout>
 
+#include "documents/design_reports.h"
+#include "documents/page_frame.h"
 #include "pages.h"
 #include "trap.h"
 
@@ -139,17 +142,35 @@ void TCInput::Design() {
   if (CheckTCInput(model, w_.session.design, tcin, Steam{w_.session.data.steam, w_.ui}, w_.ui) != 0) return;
   DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
   const TcOutcome outcome = DesignThermoCompressor(ctx, tcin);
-  static_cast<TCform*>(w_.PageOf(Form::TCform))->ShowResults(outcome);
+  auto* results = static_cast<TCform*>(w_.PageOf(Form::TCform));
+  results->tcres = tcin;
+  results->ShowResults(outcome);
   w_.SwapForms(Form::TCInput, Form::TCform);
 }
 
 TCform::TCform(MainWindow& w) : Page(&w), w_(w) {
   auto* layout = new QVBoxLayout(this);
-  auto* bar = new QMenuBar;
+  auto* bar = menus = new QMenuBar;
   layout->setMenuBar(bar);
+  QMenu* file = bar->addMenu("&File");
+  file->addAction("&Export PDF...", this, Trapped(w_.ui, [this] {
+    auto* input = static_cast<TCInput*>(w_.PageOf(Form::TCInput));
+    const std::string stem = CaseStem(input->model.TCCASENAME);
+    const QString path = w_.pdf_path(this, Q(stem.empty() ? "OUT" : stem) + ".pdf");
+    if (!path.isEmpty()) ExportPdf(path);
+  }));
   bar->addAction("&Revise Data", this, Trapped(w_.ui, [this] { w_.SwapForms(Form::TCform, Form::TCInput); }));
+  bar->addAction("&Print", this, Trapped(w_.ui, [this] { Print(); }))->setObjectName("mnuPrint");
+  lblStatus = new QLabel;
+  lblStatus->setStyleSheet("font-weight: bold;");
+  lblStatus->hide();
+  layout->addWidget(lblStatus);
+  lists_ = new QWidget;
+  auto* lists = new QVBoxLayout(lists_);
+  lists->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(lists_, 1);
   body = new QLabel;
-  layout->addWidget(body);
+  lists->addWidget(body);
   auto* row = new QHBoxLayout;
   results = new QTableWidget(5, 1);
   results->horizontalHeader()->hide();
@@ -161,7 +182,43 @@ TCform::TCform(MainWindow& w) : Page(&w), w_(w) {
   grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
   grid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   row->addWidget(grid, 1);
-  layout->addLayout(row, 1);
+  lists->addLayout(row, 1);
+}
+
+void TCform::SetResultsMode(int mode) {
+  const bool printing = mode == 2;
+  lblStatus->setVisible(printing);
+  lists_->setVisible(!printing);
+  for (QAction* action : menus->actions()) action->setEnabled(!printing);
+}
+
+void TCform::SetStatus(const std::string& text) { lblStatus->setText(Q(text)); }
+
+void TCform::SetBusy(bool busy) {
+  if (busy) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void TCform::ProcessEvents() { QCoreApplication::processEvents(); }
+
+ReportJob TCform::SheetsJob() {
+  auto* input = static_cast<TCInput*>(w_.PageOf(Form::TCInput));
+  DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+  auto sheets = std::make_shared<TcSheets>(
+      PrepareTcSheets(tcres, ctx, input->model, ReportDate(w_.session.Today()), w_.session.data.paths.usrfiles));
+  return {Caption(), [sheets](PageSink& printer) { PrintTcSheets(*sheets, printer); }};
+}
+
+void TCform::Print() {
+  RunPrintCommand(PrintCommand::kThermoCompressor, *this, [this](const std::vector<Report>&) { w_.preview(this, SheetsJob()); });
+}
+
+void TCform::ExportPdf(const QString& path) {
+  RunPrintCommand(PrintCommand::kThermoCompressor, *this,
+                  [this, &path](const std::vector<Report>&) { WriteReportPdf(SheetsJob(), path, w_.ui); });
 }
 
 QString TCform::Caption() const {

@@ -30,13 +30,6 @@ std::string& Line(Sheet& sheet, int n) { return sheet[static_cast<size_t>(n - 1)
 // A blank at `column`, where a shorter metric unit word leaves a letter of the standard one.
 void Blank(std::string& line, int column) { line[static_cast<size_t>(column - 1)] = ' '; }
 
-// The text of a list box's selection; nothing when none is selected.
-std::string ListText(const InputScreen& screen, ListBox box) {
-  const auto& entries = ListBoxDefinition(box).entries;
-  const int index = screen.lists[static_cast<size_t>(box)];
-  return index >= 0 && index < static_cast<int>(entries.size()) ? std::string(entries[static_cast<size_t>(index)]) : "";
-}
-
 // The value in the sheet's units: as it stands, or through the input screen's metric pair conversion.
 float Shown(Quantity q, float value, bool metric) { return metric ? Convert(q, value, true) : value; }
 
@@ -250,13 +243,13 @@ void CondenserMaterials(Sheet& sheet, const DesignContext& ctx, bool barometric,
   std::string& l44 = Line(sheet, 44);
   std::string& l45 = Line(sheet, 45);
 
-  PlaceInField(1, l42, ListText(screen, kProcessSideMaterial), 29);
+  PlaceInField(1, l42, std::string(ListText(screen, kProcessSideMaterial)), 29);
   PlaceNumber(l42, pressure(design(2)), 7.1f, 1, 56);
-  PlaceInField(1, l43, barometric ? "NA" : ListText(screen, kTubeSheetMaterial), 29);
+  PlaceInField(1, l43, barometric ? "NA" : std::string(ListText(screen, kTubeSheetMaterial)), 29);
   PlaceNumber(l43, pressure(design(2) * 1.5f), 7.1f, 1, 56);
-  PlaceInField(1, l44, ListText(screen, kWaterSideMaterial), 29);
+  PlaceInField(1, l44, std::string(ListText(screen, kWaterSideMaterial)), 29);
   PlaceNumber(l44, temperature(design(3)), 7.1f, 1, 56);
-  PlaceInField(1, l45, barometric ? "NA" : ListText(screen, kTubeMaterial), 29);
+  PlaceInField(1, l45, barometric ? "NA" : std::string(ListText(screen, kTubeMaterial)), 29);
   if (barometric) {
     for (std::string* line : {&l42, &l43, &l44}) PlaceInField(1, *line, "NA          ", 65);
     PlaceInField(1, l45, "NA          ", 48);
@@ -312,10 +305,10 @@ void PumpLines(Sheet& sheet, const DesignContext& ctx, bool metric) {
 void Rest(Sheet& sheet, const DesignContext& ctx, bool metric) {
   const DesignCase& dc = ctx.dc;
   const InputScreen& screen = ctx.screen;
-  PlaceInField(1, Line(sheet, 47), ListText(screen, kSuctionChamberMaterial), 71);
-  PlaceInField(1, Line(sheet, 48), ListText(screen, kSteamNozzleMaterial), 71);
-  PlaceInField(1, Line(sheet, 49), ListText(screen, kSteamChestMaterial), 71);
-  PlaceInField(1, Line(sheet, 50), ListText(screen, kNozzlePlateMaterial), 71);
+  PlaceInField(1, Line(sheet, 47), std::string(ListText(screen, kSuctionChamberMaterial)), 71);
+  PlaceInField(1, Line(sheet, 48), std::string(ListText(screen, kSteamNozzleMaterial)), 71);
+  PlaceInField(1, Line(sheet, 49), std::string(ListText(screen, kSteamChestMaterial)), 71);
+  PlaceInField(1, Line(sheet, 50), std::string(ListText(screen, kNozzlePlateMaterial)), 71);
 
   std::string designation;
   for (const EquipmentSlot& slot : EquipmentSlots(ctx, metric)) {
@@ -332,8 +325,8 @@ void Rest(Sheet& sheet, const DesignContext& ctx, bool metric) {
     PlaceInField(1, l53, "M3/h", 51);
   }
   PlaceNumber(Line(sheet, 54), dc.TOTALS(kTotalAnnualCost), 12.0f, -1, 32);
-  PlaceInField(-1, Line(sheet, 55), ListText(screen, kJetCode), 32);
-  PlaceInField(-1, Line(sheet, 56), ListText(screen, kCNDCode), 34);
+  PlaceInField(-1, Line(sheet, 55), std::string(ListText(screen, kJetCode)), 32);
+  PlaceInField(-1, Line(sheet, 56), std::string(ListText(screen, kCNDCode)), 34);
 }
 
 }  // namespace

@@ -1,0 +1,166 @@
+// kestrane print: the specification sheet, the design data sheet and the thermo compressor sheets as text or PDF.
+#include <QGuiApplication>
+#include <cstdio>
+#include <cstdlib>
+
+#include "case/jet_file.h"
+#include "cli.h"
+#include "documents/design_reports.h"
+#include "documents/page_frame.h"
+#include "documents/text_pages.h"
+#include "engine/design_run.h"
+#include "painter_pages.h"
+#include "properties/vb_file.h"
+#include "thermo/tc_file.h"
+#include "thermo/tc_input.h"
+#include "thermo/thermo_compressor.h"
+
+namespace kestrane::cli {
+
+namespace {
+
+struct PrintArgs {
+  std::string what;
+  std::string file;
+  std::string format = "txt";
+  std::string out;
+};
+
+// The pages of a report in the asked form: plain text, or a PDF painted by Qt.
+class ReportOutput {
+ public:
+  explicit ReportOutput(const PrintArgs& args) : args_(args) {
+    if (args.format == "pdf") {
+      // Qt paints fonts only with an application; it needs no screen.
+      if (QGuiApplication::instance() == nullptr) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        // Qt's own chatter (a missing runtime folder, font notes) is no message of this command.
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+          if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+        });
+        static int argc = 1;
+        static char name[] = "kestrane";
+        static char* argv[] = {name, nullptr};
+        app_ = std::make_unique<QGuiApplication>(argc, argv);
+      }
+      pdf_ = std::make_unique<PdfPages>(args.out);
+    }
+  }
+  PageSink& pages() { return pdf_ ? pdf_->pages() : text_; }
+
+  // Writes the pages to the output file (standard output for text without -o).
+  void Finish(const RecordingUi& ui) {
+    std::string error;
+    if (pdf_) {
+      if (!pdf_->Commit(error)) Fail(kExitUsage, error, ui);
+      return;
+    }
+    if (args_.out.empty() || args_.out == "-") {
+      std::fwrite(text_.text().data(), 1, text_.text().size(), stdout);
+      return;
+    }
+    try {
+      WriteFileWhole(args_.out, text_.text());
+    } catch (const VbError& e) {
+      Fail(kExitUsage, "The file " + args_.out + " could not be written: " + e.what() + ".", ui);
+    }
+  }
+
+ private:
+  const PrintArgs& args_;
+  std::unique_ptr<QGuiApplication> app_;
+  std::unique_ptr<PdfPages> pdf_;
+  TextPages text_;
+};
+
+// Reads the user's information for the sheets that carry the sender's details.
+void LoadUserInfo(Session& session, RecordingUi& ui) {
+  AppData& data = session.data;
+  data.userinfo_state = ReadUserInfo(data.paths.UserDataFile(kUserInfoFile), data.USERINFO, ui);
+}
+
+// The text file of a sheet has been written where the sheet says; the command names it.
+void TellTextFile(const std::filesystem::path& path) {
+  std::fprintf(stderr, "The sheet's text is in %s.\n", path.string().c_str());
+}
+
+int PrintDesignSheets(Session& session, const PrintArgs& args, CliUi& ui) {
+  InputScreen screen = NewCase();
+  if (!OpenCase(args.file, screen, ui)) FailToRead("The case", args.file, ui);
+  DesignContext ctx{session.design, session.data, screen, session.PINTERFIX, ui};
+  DesignOutcome outcome;
+  try {
+    outcome = RunDesign(ctx, screen);
+  } catch (const VbError& e) {
+    Fail(kExitDesignError, "The case could not be designed: " + RunTimeErrorText(e), ui);
+  }
+  if (outcome.input_error != 0) Refuse("The input was refused: nothing was printed.", ui);
+  if (!outcome.results) Fail(kExitDesignError, "The design has no results to print (" + outcome.lblMessage + ").", ui);
+
+  if (args.what != "spec-sheet") LoadUserInfo(session, ui);
+  std::vector<Report> reports;
+  if (args.what != "data-sheet") reports.push_back(Report::kSpecSheet);
+  if (args.what != "spec-sheet") reports.push_back(Report::kDataSheet);
+  const DesignSheets sheets =
+      PrepareDesignSheets(reports, ctx, ReportDate(session.Today()), session.data.paths.usrfiles);
+  if (!sheets.data_text.empty()) TellTextFile(sheets.data_text);
+  ReportOutput output(args);
+  PrintDesignSheets(sheets, output.pages());
+  output.Finish(ui);
+  for (const std::string& error : outcome.errors) std::fprintf(stderr, "Design error: %s\n", error.c_str());
+  return outcome.errors.empty() ? kExitDone : kExitDesignError;
+}
+
+int PrintTcSheets(Session& session, const PrintArgs& args, CliUi& ui) {
+  TCInputScreen screen;
+  if (!OpenTCFile(args.file, screen, ui)) FailToRead("The case", args.file, ui);
+  DesignCase& dc = session.design;
+  TcInput tcin;
+  if (CheckTCInput(screen, dc, tcin, Steam{session.data.steam, ui}, ui) != 0) {
+    Refuse("The input was refused: nothing was printed.", ui);
+  }
+  const InputScreen design_screen = NewCase();
+  DesignContext ctx{dc, session.data, design_screen, session.PINTERFIX, ui};
+  try {
+    DesignThermoCompressor(ctx, tcin);
+  } catch (const VbError& e) {
+    Fail(kExitDesignError, "The thermo compressor could not be designed: " + RunTimeErrorText(e), ui);
+  }
+  LoadUserInfo(session, ui);
+  const TcSheets sheets = PrepareTcSheets(tcin, ctx, screen, ReportDate(session.Today()), session.data.paths.usrfiles);
+  if (!sheets.data_text.empty()) TellTextFile(sheets.data_text);
+  ReportOutput output(args);
+  PrintTcSheets(sheets, output.pages());
+  output.Finish(ui);
+  return kExitDone;
+}
+
+int Print(const GlobalOptions& options, const PrintArgs& args) {
+  auto session = MakeSession(options);
+  CliUi ui(false);
+  if (args.format == "pdf" && (args.out.empty() || args.out == "-")) {
+    Fail(kExitUsage, "A PDF needs an output file: -o FILE.pdf", ui);
+  }
+  LoadDesignData(*session, ui);
+  return args.what == "tc-sheets" ? PrintTcSheets(*session, args, ui) : PrintDesignSheets(*session, args, ui);
+}
+
+}  // namespace
+
+void AddPrintCommand(CLI::App& app, const GlobalOptions& options, int& exit_code) {
+  auto args = std::make_shared<PrintArgs>();
+  auto* print = app.add_subcommand("print", "Print a case's sheets as text or PDF");
+  print->add_option("SHEET", args->what,
+                    "spec-sheet: the vacuum system specification sheet; data-sheet: the design data sheet (also "
+                    "written as text beside the case, NAME.TXT); all: both; tc-sheets: the thermo compressor's "
+                    "specification and data sheets of a .TTC case (its text beside the case too)")
+      ->required()
+      ->check(CLI::IsMember({"spec-sheet", "data-sheet", "all", "tc-sheets"}));
+  print->add_option("CASE", args->file, "Case file (.JET, or .TTC for tc-sheets)")->required();
+  print->add_option("--format", args->format, "txt: the printed lines, a form feed between pages; pdf: the pages")
+      ->check(CLI::IsMember({"txt", "pdf"}));
+  print->add_option("-o,--output", args->out, "Output file (text goes to standard output without it)");
+  print->callback([&options, &exit_code, args] { exit_code = Print(options, *args); });
+}
+
+}  // namespace kestrane::cli

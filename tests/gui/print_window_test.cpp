@@ -1,0 +1,162 @@
+// Printing from the results windows: each entry sends its sheets through the preview, the window shows its
+// message meanwhile and comes back whole; the data sheet's text lands beside the case; PDF export.
+#include <QRegularExpression>
+#include <fstream>
+
+#include "desktop.h"
+#include "documents/text_pages.h"
+
+namespace {
+
+class PrintWindow : public Desktop {
+ protected:
+  void SetUp() override {
+    // The cases are copies in the test's own folder: the data sheet writes its text beside them.
+    fs::create_directories(userdata / "cases");
+    window->preview = [this](QWidget*, const ReportJob& job) {
+      seen.push_back({Results()->lblStatus->isVisible() ? Results()->lblStatus->text() : QString(),
+                      Results()->menus->actions().front()->isEnabled(), Results()->frames->isVisible()});
+      TextPages pages;
+      job.print(pages);
+      printed += pages.text();
+      page_count += pages.pages();
+    };
+  }
+  fs::path Copy(const std::string& example) {
+    const fs::path to = userdata / "cases" / example;
+    fs::copy_file(kProgram / "usrfiles" / example, to, fs::copy_options::overwrite_existing);
+    return to;
+  }
+  void Design(const std::string& example) {
+    ASSERT_TRUE(window->Start());
+    window->SwapForms(window->Current(), Form::frmJetInput);
+    ASSERT_TRUE(Input()->OpenFile(QString::fromStdString(Copy(example).string())));
+    Input()->DesignSystem();
+    ASSERT_TRUE(WaitFor([&] { return window->Current() == Form::frmJET0; }));
+  }
+  QAction* Entry(const char* name) { return Results()->findChild<QAction*>(name); }
+  QAction* PrintMenu() {
+    for (QAction* a : Results()->menus->actions()) {
+      if (a->text() == "&Print") return a;
+    }
+    return nullptr;
+  }
+  // The window as the preview found it: status text, menus enabled, results shown.
+  struct Seen {
+    QString status;
+    bool menus_enabled;
+    bool results_shown;
+  };
+  std::vector<Seen> seen;
+  std::string printed;
+  int page_count = 0;
+};
+
+bool Has(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
+
+TEST_F(PrintWindow, EachEntrySendsItsSheetsWhileTheWindowShowsItsMessage) {
+  Design("SOLVENT-LOADS-THREE-STAGE.JET");
+  // The data sheet entry prints the specification sheet.
+  Entry("mnuPrintDataSheet")->trigger();
+  ASSERT_EQ(seen.size(), 1u);
+  EXPECT_EQ(seen[0].status, "Patience....printing data sheet... ");
+  EXPECT_FALSE(seen[0].menus_enabled);
+  EXPECT_FALSE(seen[0].results_shown);
+  EXPECT_TRUE(Has(printed, "VACUUM SYSTEM SPECIFICATION SHEET"));
+  EXPECT_FALSE(Has(printed, "VACUUM SYSTEM DESIGN PROGRAM DATA"));
+  EXPECT_EQ(page_count, 1);
+  // Afterwards the window is as it was.
+  EXPECT_FALSE(Results()->lblStatus->isVisible());
+  EXPECT_TRUE(Results()->frames->isVisible());
+  EXPECT_TRUE(Results()->menus->actions().front()->isEnabled());
+  EXPECT_TRUE(Results()->cmdDebugger->isEnabled());
+
+  // The quotation request prints the design data sheet, and writes its text beside the case.
+  printed.clear();
+  Entry("mnuPrintQuotationRequest")->trigger();
+  EXPECT_EQ(seen.back().status, "Patience....printing quotation request... ");
+  EXPECT_TRUE(Has(printed, "VACUUM SYSTEM DESIGN PROGRAM DATA"));
+  EXPECT_FALSE(Has(printed, "VACUUM SYSTEM SPECIFICATION SHEET"));
+  EXPECT_TRUE(fs::exists(userdata / "cases" / "SOLVENT-LOADS-THREE-STAGE.TXT"));
+
+  // All output: both sheets, the specification sheet first, each its own page.
+  printed.clear();
+  page_count = 0;
+  Entry("mnuPrintAllOutput")->trigger();
+  EXPECT_EQ(seen.back().status, "Patience....printing all output... ");
+  EXPECT_LT(printed.find("VACUUM SYSTEM SPECIFICATION SHEET"), printed.find("VACUUM SYSTEM DESIGN PROGRAM DATA"));
+  EXPECT_EQ(page_count, 2);
+  EXPECT_FALSE(Entry("mnuPrintDrawings")->isEnabled()) << "drawings print once the drawing sets are installed";
+}
+
+TEST_F(PrintWindow, ADesignWithoutResultsHasNothingToPrint) {
+  Design("LRVP-BEYOND-LIMITS.JET");
+  EXPECT_EQ(Results()->lblMessage->text(), "LRVP Error");
+  EXPECT_FALSE(PrintMenu()->isEnabled());
+  EXPECT_FALSE(Action(Results(), "&Export PDF...")->isEnabled());
+  // A good design afterwards can print again.
+  window->SwapForms(Form::frmJET0, Form::frmJetInput);
+  ASSERT_TRUE(Input()->OpenFile(QString::fromStdString(Copy("TWO-STAGE-SURFACE-TUBE-SIDE.JET").string())));
+  Input()->DesignSystem();
+  ASSERT_TRUE(WaitFor([&] { return window->Current() == Form::frmJET0 && Results()->lblMessage->text().isEmpty(); }));
+  EXPECT_TRUE(Action(Results(), "&Export PDF...")->isEnabled());
+  EXPECT_TRUE(PrintMenu()->isEnabled());
+  Entry("mnuPrintAllOutput")->trigger();
+  EXPECT_EQ(page_count, 2);
+}
+
+// The pages of a PDF file, counted by their page objects.
+int PdfPageCount(const fs::path& pdf) {
+  std::ifstream in(pdf, std::ios::binary);
+  const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  if (bytes.rfind("%PDF", 0) != 0) return 0;
+  return static_cast<int>(QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()))
+                              .count(QRegularExpression(R"(/Type\s*/Page(?!s))")));
+}
+
+TEST_F(PrintWindow, ExportPdfWritesBothSheetsAsPagesOfOneFile) {
+  Design("METRIC-TWO-STAGE.JET");
+  const fs::path pdf = userdata / "cases" / "sheets.pdf";
+  QString suggested;
+  window->pdf_path = [&](QWidget*, const QString& name) {
+    suggested = name;
+    return QString::fromStdString(pdf.string());
+  };
+  Action(Results(), "&Export PDF...")->trigger();
+  EXPECT_EQ(suggested, "METRIC-TWO-STAGE.pdf");
+  EXPECT_EQ(PdfPageCount(pdf), 2);
+  EXPECT_FALSE(fs::exists(pdf.string() + ".part")) << "no temporary file is left";
+  // A folder that cannot be written is told, and the program goes on.
+  const size_t notices = ui.notices.size();
+  window->pdf_path = [&](QWidget*, const QString&) { return QString::fromStdString((userdata / "none" / "x.pdf").string()); };
+  Action(Results(), "&Export PDF...")->trigger();
+  ASSERT_EQ(ui.notices.size(), notices + 1);
+  EXPECT_TRUE(Has(ui.notices.back(), "x.pdf could not be written"));
+  EXPECT_TRUE(Results()->frames->isVisible());
+}
+
+TEST_F(PrintWindow, TheThermoCompressorWindowPrintsItsTwoSheets) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::TCInput);
+  auto* tc = static_cast<TCInput*>(window->PageOf(Form::TCInput));
+  ASSERT_TRUE(tc->OpenFile(QString::fromStdString(Copy("TC-MEDIUM-RATIO.TTC").string())));
+  tc->Design();
+  ASSERT_EQ(window->Current(), Form::TCform);
+  auto* results = static_cast<TCform*>(window->PageOf(Form::TCform));
+  QString status;
+  window->preview = [&](QWidget*, const ReportJob& job) {
+    status = results->lblStatus->text();
+    TextPages pages;
+    job.print(pages);
+    printed = pages.text();
+    page_count = pages.pages();
+  };
+  results->findChild<QAction*>("mnuPrint")->trigger();
+  EXPECT_EQ(status, "Patience....printing........ ");
+  EXPECT_LT(printed.find("THERMO COMPRESSOR SPECIFICATION SHEET"), printed.find("THERMO COMPRESSOR DESIGN PROGRAM DATA"));
+  EXPECT_EQ(page_count, 2);
+  EXPECT_TRUE(fs::exists(userdata / "cases" / "TC-MEDIUM-RATIO.TXT"));
+  EXPECT_FALSE(results->lblStatus->isVisible());
+}
+
+}  // namespace
