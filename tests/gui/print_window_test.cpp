@@ -160,3 +160,67 @@ TEST_F(PrintWindow, TheThermoCompressorWindowPrintsItsTwoSheets) {
 }
 
 }  // namespace
+
+namespace {
+
+// The tools print through the same preview: each page carries the tool's heading and what the tool shows.
+class ToolPrint : public Desktop {
+ protected:
+  void SetUp() override {
+    window->preview = [this](QWidget*, const ReportJob& job) {
+      TextPages pages;
+      job.print(pages);
+      printed = pages.text();
+      ++previews;
+    };
+  }
+  std::string printed;
+  int previews = 0;
+};
+
+TEST_F(ToolPrint, PressureLossAndNupreirPrintWhatTheirWindowsShow) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::dpVac);
+  auto* dp = static_cast<dpVac*>(window->PageOf(Form::dpVac));
+  ASSERT_TRUE(ReadDpFile(kProgram / "usrfiles" / "LINE-LOSS-HEI.TDP", dp->model, ui));
+  dp->Refresh();
+  dp->Calculate();
+  dp->findChild<QAction*>("mnuPrint")->trigger();
+  ASSERT_EQ(previews, 1);
+  EXPECT_TRUE(Has(printed, "Kestrane Gas Pressure Drop Estimation"));
+  EXPECT_TRUE(Has(printed, "Total calculated pressure drop:"));
+  EXPECT_TRUE(Has(printed, "File: LINE-LOSS-HEI.TDP")) << printed;
+
+  window->ShowGoFigure();
+  GoFigure* calc = window->goFigure();
+  calc->cmboExprText->setEditText("2^3^2");
+  calc->Calculate();
+  calc->findChild<QAction*>("mnuPrint")->trigger();
+  ASSERT_EQ(previews, 2);
+  EXPECT_TRUE(Has(printed, "Nupreir Expression Evaluator"));
+  EXPECT_TRUE(Has(printed, "2 ^ 3 ^ 2 = 64"));
+}
+
+TEST_F(ToolPrint, UserVaporsPrintTheOneSelectedOrAll) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::frmUDV);
+  auto* udv = static_cast<frmUDV*>(window->PageOf(Form::frmUDV));
+  ASSERT_GT(udv->grid->rowCount(), 1);
+  // Nothing selected: Print Current has nothing to print.
+  udv->grid->setCurrentCell(-1, -1);
+  udv->print_current->click();
+  EXPECT_EQ(previews, 0);
+  udv->grid->setCurrentCell(1, 0);
+  udv->print_current->click();
+  ASSERT_EQ(previews, 1);
+  EXPECT_TRUE(Has(printed, "Kestrane User Defined Vapor Pressure"));
+  EXPECT_TRUE(Has(printed, Trim(session.data.user_vapors.UDVNAME(2)).c_str())) << printed;
+  EXPECT_TRUE(Has(printed, "Vapor Press(mmHgA)"));
+  udv->print_all->click();
+  ASSERT_EQ(previews, 2);
+  for (int i = 1; i <= session.data.user_vapors.NUDV; ++i) {
+    EXPECT_TRUE(Has(printed, Trim(session.data.user_vapors.UDVNAME(i)).c_str()));
+  }
+}
+
+}  // namespace
