@@ -1,5 +1,4 @@
 // The results window of a design: its frames laid out by the parts of the train that exist, the debugger grid and the pump error.
-#include <QApplication>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QMenuBar>
@@ -96,10 +95,7 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   entry("D&rawings", PrintCommand::kDrawings)->setEnabled(false);
   entry("&Process Flow Diagram", PrintCommand::kProcessFlowDiagram)->setEnabled(false);
   entry("&All Output", PrintCommand::kAllOutput);
-  lblStatus = new QLabel;
-  lblStatus->setStyleSheet("font-weight: bold;");
-  lblStatus->hide();
-  layout->addWidget(lblStatus);
+  layout->addWidget(NewStatusLine());
   lblMessage = new QLabel;
   lblMessage->setStyleSheet("color: red; font-weight: bold;");
   layout->addWidget(lblMessage);
@@ -192,18 +188,6 @@ void frmJET0::SetResultsMode(int mode) {
   export_pdf_->setEnabled(has_results_);
   cmdDebugger->setEnabled(!printing && has_results_);
 }
-
-void frmJET0::SetStatus(const std::string& text) { lblStatus->setText(Q(text)); }
-
-void frmJET0::SetBusy(bool busy) {
-  if (busy) {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-  } else {
-    QApplication::restoreOverrideCursor();
-  }
-}
-
-void frmJET0::ProcessEvents() { QCoreApplication::processEvents(); }
 
 namespace {
 

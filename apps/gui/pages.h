@@ -104,7 +104,7 @@ class frmJetInput : public Page {
 };
 
 // The results of a design: utilities, ejectors, condensers and pump, the debugger grid, "LRVP Error".
-class frmJET0 : public Page, public PrintingWindow {
+class frmJET0 : public Page, public StatusPrinting {
   Q_OBJECT
 
  public:
@@ -116,11 +116,7 @@ class frmJET0 : public Page, public PrintingWindow {
   // File > Export PDF: the specification and data sheets as one PDF file.
   void ExportPdf(const QString& path);
   void SetResultsMode(int mode) override;
-  void SetStatus(const std::string& text) override;
-  void SetBusy(bool busy) override;
-  void ProcessEvents() override;
   QLabel* lblMessage;
-  QLabel* lblStatus;  // "Patience....printing..." while a print command runs
   QTableWidget* Grid1;
   QWidget* frames;
   QPushButton* cmdDebugger;
@@ -218,7 +214,7 @@ class TCInput : public Page {
 };
 
 // The thermo compressor results and the debugger rows.
-class TCform : public Page, public PrintingWindow {
+class TCform : public Page, public StatusPrinting {
   Q_OBJECT
 
  public:
@@ -230,13 +226,9 @@ class TCform : public Page, public PrintingWindow {
   // File > Export PDF: the same two sheets as a PDF file.
   void ExportPdf(const QString& path);
   void SetResultsMode(int mode) override;
-  void SetStatus(const std::string& text) override;
-  void SetBusy(bool busy) override;
-  void ProcessEvents() override;
   QTableWidget* results;
   QTableWidget* grid;
   QLabel* body;
-  QLabel* lblStatus;
   QMenuBar* menus;
   TcInput tcres;  // the checked input of the design shown
 

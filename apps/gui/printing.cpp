@@ -1,6 +1,7 @@
 // Print preview and PDF export of reports, both painted by the report page painter.
 #include "printing.h"
 
+#include <QApplication>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 
@@ -29,6 +30,25 @@ bool WriteReportPdf(const ReportJob& job, const QString& path, Ui& ui) {
   if (pdf.Commit(error)) return true;
   ui.notice(error);
   return false;
+}
+
+void StatusPrinting::SetStatus(const std::string& text) { lblStatus->setText(QString::fromStdString(text)); }
+
+void StatusPrinting::SetBusy(bool busy) {
+  if (busy) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void StatusPrinting::ProcessEvents() { QCoreApplication::processEvents(); }
+
+QLabel* StatusPrinting::NewStatusLine() {
+  lblStatus = new QLabel;
+  lblStatus->setStyleSheet("font-weight: bold;");
+  lblStatus->hide();
+  return lblStatus;
 }
 
 }  // namespace kestrane::gui

@@ -1,11 +1,13 @@
 // Reports in the desktop program: a print preview before anything reaches a printer, and export to PDF.
 #pragma once
 
+#include <QLabel>
 #include <QString>
 #include <QWidget>
 #include <functional>
 
 #include "documents/page_sink.h"
+#include "documents/print_commands.h"
 #include "shell/ui.h"
 
 namespace kestrane::gui {
@@ -23,5 +25,19 @@ void PreviewReport(QWidget* parent, const ReportJob& job);
 
 // Writes the report as a PDF file at `path`; a failure is told through `ui`. True when written.
 bool WriteReportPdf(const ReportJob& job, const QString& path, Ui& ui);
+
+// What the results windows share while a print command runs: the hourglass, pending events and the status line
+// "Patience....printing..." (lblStatus, made hidden by the window through NewStatusLine).
+class StatusPrinting : public PrintingWindow {
+ public:
+  void SetStatus(const std::string& text) override;
+  void SetBusy(bool busy) override;
+  void ProcessEvents() override;
+  QLabel* lblStatus = nullptr;
+
+ protected:
+  // The status line, bold and hidden until a print command shows it.
+  QLabel* NewStatusLine();
+};
 
 }  // namespace kestrane::gui

@@ -1,5 +1,4 @@
 // The thermo compressor windows: the input with its file menu and check, and the results with the debugger rows.
-#include <QApplication>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -161,10 +160,7 @@ TCform::TCform(MainWindow& w) : Page(&w), w_(w) {
   }));
   bar->addAction("&Revise Data", this, Trapped(w_.ui, [this] { w_.SwapForms(Form::TCform, Form::TCInput); }));
   bar->addAction("&Print", this, Trapped(w_.ui, [this] { Print(); }))->setObjectName("mnuPrint");
-  lblStatus = new QLabel;
-  lblStatus->setStyleSheet("font-weight: bold;");
-  lblStatus->hide();
-  layout->addWidget(lblStatus);
+  layout->addWidget(NewStatusLine());
   lists_ = new QWidget;
   auto* lists = new QVBoxLayout(lists_);
   lists->setContentsMargins(0, 0, 0, 0);
@@ -191,18 +187,6 @@ void TCform::SetResultsMode(int mode) {
   lists_->setVisible(!printing);
   for (QAction* action : menus->actions()) action->setEnabled(!printing);
 }
-
-void TCform::SetStatus(const std::string& text) { lblStatus->setText(Q(text)); }
-
-void TCform::SetBusy(bool busy) {
-  if (busy) {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-  } else {
-    QApplication::restoreOverrideCursor();
-  }
-}
-
-void TCform::ProcessEvents() { QCoreApplication::processEvents(); }
 
 ReportJob TCform::SheetsJob() {
   auto* input = static_cast<TCInput*>(w_.PageOf(Form::TCInput));
