@@ -45,6 +45,15 @@ TEST(PageHeader, CentresTheTitleOnColumnFortyAndPlacesFileAndDate) {
   EXPECT_EQ(heading.size(), 5u + 14u + 80u) << "prefix, file, 80 blanks; the date is written over them";
 }
 
+TEST(PageHeader, AnOddTitleLengthRoundsItsHalfBlankToEven) {
+  RecordingPages p;
+  PageHeader(p, std::string(31, 'T'), "", "", "");  // 40 - 15.5 = 24.5: 24 blanks
+  EXPECT_EQ(p.lines[3].text, std::string(24, ' ') + std::string(31, 'T'));
+  RecordingPages q;
+  PageHeader(q, std::string(29, 'T'), "", "", "");  // 40 - 14.5 = 25.5: 26 blanks
+  EXPECT_EQ(q.lines[3].text, std::string(26, ' ') + std::string(29, 'T'));
+}
+
 TEST(PageHeader, ALongTitleStartsAtColumnOneAndEmptyFieldsLeaveBlanks) {
   RecordingPages p;
   const std::string title(84, 'T');

@@ -39,7 +39,9 @@ void PageHeader(PageSink& printer, std::string_view title, std::string_view file
   printer.Print(std::string(31, ' ') + std::string(kMakerName));
   const std::string heading = Trim(title);
   const int length = static_cast<int>(ToCodePoints(heading).size());
-  printer.Print(std::string(static_cast<size_t>(std::max(40 - length / 2, 1)), ' ') + heading);
+  // 40 - length / 2 blanks, the half rounded as the original's conversion to a whole count rounds (to even).
+  const int blanks = std::max<int>(CInt(40.0f - static_cast<float>(length) / 2.0f), 1);
+  printer.Print(std::string(static_cast<size_t>(blanks), ' ') + heading);
   printer.font.bold = false;
 
   std::string line = std::string(prefix) + std::string(80, ' ');
