@@ -76,6 +76,18 @@ int main(int argc, char** argv) {
     ok = Save(&window, folder, name.isEmpty() ? "design-results" : "design-results-" + name) && ok;
   };
   design("SOLVENT-LOADS-THREE-STAGE.JET", "");
+  // The print preview of all output, as Print > All Output opens it; the data sheet's text goes to a scratch copy.
+  window.preview = [&](QWidget* parent, const ReportJob& job) {
+    PreviewReport(parent, job, [&](QDialog& dialog) {
+      dialog.resize(1000, 740);
+      ok = Save(&dialog, folder, "print-preview") && ok;
+      dialog.accept();
+    });
+  };
+  const std::string shown_case = window.screen.USERCASE;
+  window.screen.USERCASE = (QDir::tempPath() + "/SOLVENT-LOADS-THREE-STAGE.JET").toStdString();
+  results->Print(PrintCommand::kAllOutput);
+  window.screen.USERCASE = shown_case;
   results->cmdDebugger->setChecked(true);
   ok = Save(&window, folder, "design-results-debugger") && ok;
   results->cmdDebugger->setChecked(false);

@@ -73,7 +73,9 @@ class MainWindow : public QMainWindow {
   void ShowHelp();
 
   // Shows a report before it prints: the print preview; tests put their own page sink here.
-  std::function<void(QWidget*, const ReportJob&)> preview = PreviewReport;
+  std::function<void(QWidget*, const ReportJob&)> preview = [](QWidget* parent, const ReportJob& job) {
+    PreviewReport(parent, job);
+  };
   // The file name for a PDF export, asked in a save dialog; empty when cancelled. Tests answer it themselves.
   std::function<QString(QWidget*, const QString& suggested)> pdf_path;
 

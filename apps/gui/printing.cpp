@@ -4,12 +4,13 @@
 #include <QApplication>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QTimer>
 
 #include "painter_pages.h"
 
 namespace kestrane::gui {
 
-void PreviewReport(QWidget* parent, const ReportJob& job) {
+void PreviewReport(QWidget* parent, const ReportJob& job, const std::function<void(QDialog&)>& opened) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(job.title);
   printer.setFullPage(true);
@@ -20,6 +21,7 @@ void PreviewReport(QWidget* parent, const ReportJob& job) {
     job.print(pages);
     pages.Finish();
   });
+  if (opened) QTimer::singleShot(0, &dialog, [&dialog, &opened] { opened(dialog); });
   dialog.exec();
 }
 

@@ -1,6 +1,7 @@
 // Reports in the desktop program: a print preview before anything reaches a printer, and export to PDF.
 #pragma once
 
+#include <QDialog>
 #include <QLabel>
 #include <QString>
 #include <QWidget>
@@ -20,8 +21,9 @@ struct ReportJob {
   std::function<void(PageSink&)> print;
 };
 
-// Shows the pages in a print preview, from which the user sends them to a printer.
-void PreviewReport(QWidget* parent, const ReportJob& job);
+// Shows the pages in a print preview, from which the user sends them to a printer. `opened`, when given, runs
+// once the preview stands open (a screenshot takes it, then closes it).
+void PreviewReport(QWidget* parent, const ReportJob& job, const std::function<void(QDialog&)>& opened = {});
 
 // Writes the report as a PDF file at `path`; a failure is told through `ui`. True when written.
 bool WriteReportPdf(const ReportJob& job, const QString& path, Ui& ui);
