@@ -59,10 +59,12 @@ bool LoadDrawingFont(const std::filesystem::path& path, DrawFont& font) {
   for (int block = 0; block < kFontCodes; ++block) {
     const std::optional<float> code = list.Next();
     const std::optional<float> count = list.Next();
-    if (!code || !count || *code < 0.5f || *code >= kFontCodes + 0.5f || *count < 0 || *count >= kMaxStrokes + 0.5f) return false;
+    if (!code || !count) return false;
+    const long c = std::lrint(*code), n = std::lrint(*count);
+    if (c < 1 || c > kFontCodes || n < 0 || n > kMaxStrokes) return false;
     // The count stands as soon as it is read; strokes not read stay zero.
-    std::vector<FontStroke>& glyph = font.glyphs[static_cast<size_t>(std::lrint(*code))];
-    glyph.assign(static_cast<size_t>(std::lrint(*count)), FontStroke{0, 0, 0, 0});
+    std::vector<FontStroke>& glyph = font.glyphs[static_cast<size_t>(c)];
+    glyph.assign(static_cast<size_t>(n), FontStroke{0, 0, 0, 0});
     for (FontStroke& s : glyph) {
       for (float* v : {&s.x1, &s.y1, &s.x2, &s.y2}) {
         const std::optional<float> value = list.Next();
