@@ -105,10 +105,13 @@ def extras(g):
     def small(ch, dx, dy):  # a glyph at 0.45 size moved to (dx, dy) from its own centre
         return moved(g[ch], 0.45, dx, dy, 0, -1.5)
 
+    def fraction(numerator, denominator):  # small digits beside a slash
+        return joined(small(numerator, -5, -6), lines([(6, -12), (-6, 9)]), small(denominator, 5, 4))
+
     low = lambda accent: moved(accent, dy=7)  # an accent over a lowercase letter
     quote = moved(g["'"], dx=-3), moved(g["'"], dx=3)
     backquote = moved(g["`"], dx=-3), moved(g["`"], dx=3)
-    return {
+    composed = {
         128: joined(g["C"], lines([(-10, -4), (3, -4)], [(-10, 1), (3, 1)])),
         130: g[","],
         131: g["f"],
@@ -155,36 +158,24 @@ def extras(g):
         185: sup("1"),
         186: joined(sup("o"), lines([(-4, 0), (4, 0)])),
         187: joined(small(">", -3, 0), small(">", 3, 0)),
-        188: joined(small("1", -5, -6), lines([(6, -12), (-6, 9)]), small("4", 5, 4)),
-        189: joined(small("1", -5, -6), lines([(6, -12), (-6, 9)]), small("2", 5, 4)),
-        190: joined(small("3", -5, -6), lines([(6, -12), (-6, 9)]), small("4", 5, 4)),
+        188: fraction("1", "4"),
+        189: fraction("1", "2"),
+        190: fraction("3", "4"),
         191: moved(g["?"], -1.0, 0, 7, 0, -1.5),
-        192: joined(g["A"], GRAVE),
-        193: joined(g["A"], ACUTE),
-        194: joined(g["A"], CIRCUMFLEX),
-        195: joined(g["A"], TILDE),
-        196: joined(g["A"], DIAERESIS),
-        197: joined(g["A"], RING),
         198: lines([(-10, 9), (1, -12), (9, -12)], [(1, -12), (1, 9), (9, 9)], [(-5, 0), (1, 0)], [(1, -2), (7, -2)]),
         199: joined(g["C"], CEDILLA),
-        200: joined(g["E"], GRAVE),
-        201: joined(g["E"], ACUTE),
-        202: joined(g["E"], CIRCUMFLEX),
-        203: joined(g["E"], DIAERESIS),
-        204: joined(g["I"], GRAVE),
-        205: joined(g["I"], ACUTE),
-        206: joined(g["I"], CIRCUMFLEX),
-        207: joined(g["I"], DIAERESIS),
         208: joined(g["D"], lines([(-10, -2), (-3, -2)])),
         209: joined(g["N"], TILDE),
-        210: joined(g["O"], GRAVE),
-        211: joined(g["O"], ACUTE),
-        212: joined(g["O"], CIRCUMFLEX),
-        213: joined(g["O"], TILDE),
-        214: joined(g["O"], DIAERESIS),
         215: lines([(-6, -6), (6, 6)], [(6, -6), (-6, 6)]),
         216: joined(g["O"], lines([(-9, 12), (9, -15)])),
     }
+    # The accented capitals, in their code order.
+    four = (GRAVE, ACUTE, CIRCUMFLEX, DIAERESIS)
+    for first, letter, accents in ((192, "A", (GRAVE, ACUTE, CIRCUMFLEX, TILDE, DIAERESIS, RING)), (200, "E", four),
+                                   (204, "I", four), (210, "O", (GRAVE, ACUTE, CIRCUMFLEX, TILDE, DIAERESIS))):
+        for k, accent in enumerate(accents):
+            composed[first + k] = joined(g[letter], accent)
+    return composed
 
 
 def chord_error(points, i, j):
