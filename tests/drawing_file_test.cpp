@@ -27,7 +27,7 @@ std::string LayerRows() {
 std::string SmallDrawing() {
   return "1, 3, 2.0, 0,0,0,0, 0.25\n"
          "2,1,1,1,1,1,\n"
-         "1, 0, 1, 0, 2, 0\n"
+         "1, 0, 1, 0, 2\n"
          "First title\n"
          "Second title\n" +
          LayerRows() +
@@ -81,7 +81,7 @@ TEST_F(DrawingFile, ReadsEveryTableOfAHandWrittenFile) {
   EXPECT_EQ(d.layers[63].colour, 0xFFFFFF);
   EXPECT_FLOAT_EQ(d.Lines(1).basey, 6.0f);
   EXPECT_FLOAT_EQ(d.Lines(2).x2, 0.001f);
-  EXPECT_FLOAT_EQ(d.Lines(2).y2, 0.0f);
+  EXPECT_FLOAT_EQ(d.Lines(2).y2, 1.25f);
   EXPECT_EQ(d.Lines(2).pen, 2);
   EXPECT_EQ(d.Lines(2).layer, 5);
   EXPECT_FLOAT_EQ(d.Arcs(1).a1, 90.0f);

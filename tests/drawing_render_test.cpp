@@ -275,7 +275,7 @@ class DrawingDimensions : public DrawingRows {
 
 TEST_F(DrawingDimensions, KindOneHasHeadsAtBothEndsAndTheTextInTheMiddle) {
   Dimension(1, 10, 20);
-  ASSERT_EQ(lines().size(), 7u + 4);
+  ASSERT_EQ(lines().size(), 7u + 3);
   ExpectStart(lines()[0], 10, 1);
   ExpectStart(lines()[4], 20, 1);
   ExpectEnd(lines()[3], 20, 1);

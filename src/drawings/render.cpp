@@ -22,6 +22,11 @@ bool DrawRows(Drawing& d, const Table& table, Draw draw) {
   return true;
 }
 
+// A point of a row given in drawing scale from its base point.
+Point FromBase(const Drawing& d, float x, float y, float basex, float basey) {
+  return {d.DrawScale * x + basex, d.DrawScale * y + basey};
+}
+
 }  // namespace
 
 const Pen& PenOf(int16_t pen) {
@@ -88,8 +93,8 @@ void DrawLine(Drawing& d, int i, int16_t colour, int16_t erase) {
   Point p1{r.x1, r.y1};
   Point p2{r.x2, r.y2};
   if (r.scaled == 1) {
-    p1 = {d.DrawScale * r.x1 + r.basex, d.DrawScale * r.y1 + r.basey};
-    p2 = {d.DrawScale * r.x2 + r.basex, d.DrawScale * r.y2 + r.basey};
+    p1 = FromBase(d, r.x1, r.y1, r.basex, r.basey);
+    p2 = FromBase(d, r.x2, r.y2, r.basex, r.basey);
   }
   if (BeyondView(d, p1, p2)) return;
   DrawingSurface& t = *d.Target;
@@ -103,7 +108,7 @@ void DrawArc(Drawing& d, int i, int16_t colour, int16_t erase) {
   const ArcRow& r = d.Arcs(i);
   const auto c = RowColour(d, r.pen, r.layer, colour, erase);
   if (!c) return;
-  const Point centre{d.DrawScale * r.cx + r.basex, d.DrawScale * r.cy + r.basey};
+  const Point centre = FromBase(d, r.cx, r.cy, r.basex, r.basey);
   const float radius = r.radius * (r.scaled != 0 ? d.DrawScale : 1.0f);
   if (d.ViewLeft > centre.x + radius || d.ViewBottom > centre.y + radius || d.ViewRight < centre.x - radius ||
       d.ViewTop < centre.y - radius) {
@@ -130,8 +135,8 @@ void DrawLeader(Drawing& d, int i, int16_t colour, int16_t erase) {
   const LeaderRow& r = d.Leaders(i);
   const auto c = RowColour(d, r.pen, r.layer, colour, erase);
   if (!c) return;
-  const Point p1{d.DrawScale * r.x1 + r.basex, d.DrawScale * r.y1 + r.basey};
-  const Point p2{d.DrawScale * r.x2 + r.basex, d.DrawScale * r.y2 + r.basey};
+  const Point p1 = FromBase(d, r.x1, r.y1, r.basex, r.basey);
+  const Point p2 = FromBase(d, r.x2, r.y2, r.basex, r.basey);
   if (BeyondView(d, p1, p2)) return;
   DrawingSurface& t = *d.Target;
   t.ForeColor = *c;  // not forced to black on paper: the print's colour override stays
@@ -151,8 +156,9 @@ void DrawTextEntity(Drawing& d, int i, int16_t colour, int16_t erase) {
   t.ForeColor = d.Printing != 0 ? 0 : *c;
   t.DrawStyle = kStyleSolid;
   int16_t visible = 0;
-  StrokeText(d, d.DrawScale * r.x + r.basex, d.DrawScale * r.y + r.basey, r.height, r.justify, r.width, r.angle,
-             r.slant, r.frame, LayerDimmed(d, r.layer), r.text, d.DrawScale, visible, 0, erase);
+  const Point at = FromBase(d, r.x, r.y, r.basex, r.basey);
+  StrokeText(d, at.x, at.y, r.height, r.justify, r.width, r.angle, r.slant, r.frame, LayerDimmed(d, r.layer), r.text,
+             d.DrawScale, visible, 0, erase);
 }
 
 }  // namespace kestrane
