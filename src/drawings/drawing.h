@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "drawings/surface.h"
+#include "properties/vb.h"
 #include "shell/ui.h"
 
 namespace kestrane {
@@ -43,6 +44,10 @@ struct LeaderRow {
   float x1 = 0, y1 = 0, x2 = 0, y2 = 0, basex = 0, basey = 0;
   int16_t pen = 0, layer = 0, arrow = 0;
 };
+// Widths of a text and of a dimension label, in characters.
+inline constexpr size_t kTextWidth = 80;
+inline constexpr size_t kLabelWidth = 32;
+
 struct TextRow {
   float basex = 0, basey = 0, x = 0, y = 0, height = 0, angle = 0, slant = 0;
   int16_t pen = 0, layer = 0, justify = 0, frame = 0, width = 0;
@@ -60,14 +65,18 @@ struct AngleRow {
 };
 
 // An entity table: rows 1..Max (row 0 unused), the first `count` live. Rows past the count keep what an earlier
-// drawing left in them.
+// drawing left in them. A row beyond Max is error 9, subscript out of range.
 template <typename Row, int Max>
 struct EntityTable {
   static constexpr int kMax = Max;
   std::vector<Row> rows = std::vector<Row>(Max + 1);
   int16_t count = 0;
-  Row& operator()(int i) { return rows.at(static_cast<size_t>(i)); }
-  const Row& operator()(int i) const { return rows.at(static_cast<size_t>(i)); }
+  Row& operator()(int i) { return rows[Checked(i)]; }
+  const Row& operator()(int i) const { return rows[Checked(i)]; }
+  static size_t Checked(int i) {
+    if (i < 0 || i > Max) throw VbError(9);
+    return static_cast<size_t>(i);
+  }
 };
 
 // One stroke of a character, in font units: the cell is 7 wide, the nominal height 8.

@@ -1,0 +1,68 @@
+// Free-format reading of the drawing files: values separated by commas or line ends, and whole lines.
+#include "drawings/list_input.h"
+
+#include <cmath>
+
+#include "properties/text_codec.h"
+#include "properties/vb.h"
+
+namespace kestrane {
+
+double ListInput::Number() {
+  std::string field;
+  for (;;) {
+    if (!in_line_) {
+      rest_ = file_.LineInput();
+      in_line_ = true;
+    }
+    const size_t first = rest_.find_first_not_of(' ');
+    if (first == std::string::npos) {  // nothing left on this line: the list goes on on the next
+      in_line_ = false;
+      continue;
+    }
+    const size_t comma = rest_.find(',', first);
+    if (comma == std::string::npos) {
+      field = rest_.substr(first);
+      in_line_ = false;
+    } else {
+      field = rest_.substr(first, comma - first);
+      rest_.erase(0, comma + 1);
+    }
+    break;
+  }
+  field = Trim(field);
+  if (field.empty()) return 0;
+  if (!IsPlainNumber(field)) throw VbError(13);
+  return Val(field);
+}
+
+int16_t ListInput::Integer() { return CInt(Number()); }
+
+int32_t ListInput::Long() {
+  const double v = std::nearbyint(Number());  // half to even
+  if (!(v >= -2147483648.0 && v <= 2147483647.0)) throw VbError(6);
+  return static_cast<int32_t>(v);
+}
+
+float ListInput::Single() { return CSng(Number()); }
+
+std::string ListInput::Line() {
+  if (in_line_) {
+    in_line_ = false;
+    return rest_;
+  }
+  return file_.LineInput();
+}
+
+std::string FixedWidth(const std::string& text, size_t width) {
+  std::u32string points = ToCodePoints(text);
+  points.resize(width, U' ');
+  return FromCodePoints(points);
+}
+
+std::string CutTo(const std::string& text, size_t width) {
+  const std::u32string points = ToCodePoints(text);
+  return points.size() <= width ? text : FromCodePoints(std::u32string_view(points).substr(0, width));
+}
+
+}  // namespace kestrane
