@@ -5,7 +5,7 @@
 #include <cmath>
 #include <map>
 
-#include "drawings/drawing.h"
+#include "properties/stroke_font.h"
 #include "test_support.h"
 
 namespace kestrane {

@@ -101,6 +101,9 @@ void PrintJson(const nlohmann::json& doc);
 // Whether a JSON document was printed.
 bool JsonPrinted();
 
+// Makes ready for painting pages and drawings with Qt (fonts, PDF, images), without a screen; once a run.
+void StartPainting();
+
 // The command groups, each adding its subcommands to the application.
 void AddStartupCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddUserInfoCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
@@ -112,5 +115,6 @@ void AddDesignCommands(CLI::App& app, const GlobalOptions& options, int& exit_co
 void AddTcCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddCalculatorCommands(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddPrintCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
+void AddDrawingCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 
 }  // namespace kestrane::cli

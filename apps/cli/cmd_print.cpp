@@ -17,6 +17,20 @@
 
 namespace kestrane::cli {
 
+void StartPainting() {
+  if (QGuiApplication::instance() != nullptr) return;
+  // Qt paints fonts only with an application; it needs no screen.
+  setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  // Qt's own chatter (a missing runtime folder, font notes) is no message of this command.
+  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+  });
+  static int argc = 1;
+  static char name[] = "kestrane";
+  static char* argv[] = {name, nullptr};
+  static QGuiApplication app(argc, argv);
+}
+
 namespace {
 
 struct PrintArgs {
@@ -31,18 +45,7 @@ class ReportOutput {
  public:
   explicit ReportOutput(const PrintArgs& args) : args_(args) {
     if (args.format == "pdf") {
-      // Qt paints fonts only with an application; it needs no screen.
-      if (QGuiApplication::instance() == nullptr) {
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        // Qt's own chatter (a missing runtime folder, font notes) is no message of this command.
-        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
-          if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
-        });
-        static int argc = 1;
-        static char name[] = "kestrane";
-        static char* argv[] = {name, nullptr};
-        app_ = std::make_unique<QGuiApplication>(argc, argv);
-      }
+      StartPainting();
       pdf_ = std::make_unique<PdfPages>(args.out);
     }
   }
@@ -68,7 +71,6 @@ class ReportOutput {
 
  private:
   const PrintArgs& args_;
-  std::unique_ptr<QGuiApplication> app_;
   std::unique_ptr<PdfPages> pdf_;
   TextPages text_;
 };

@@ -58,6 +58,7 @@ int main(int argc, char** argv) {
   cli::AddTcCommand(app, options, exit_code);
   cli::AddCalculatorCommands(app, options, exit_code);
   cli::AddPrintCommand(app, options, exit_code);
+  cli::AddDrawingCommand(app, options, exit_code);
 
   const bool json = JsonAsked(argc, argv);
   try {

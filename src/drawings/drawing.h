@@ -7,9 +7,11 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "drawings/surface.h"
+#include "properties/stroke_font.h"
 #include "properties/vb.h"
 #include "shell/ui.h"
 
@@ -79,15 +81,6 @@ struct EntityTable {
   }
 };
 
-// One stroke of a character, in font units: the cell is 7 wide, the nominal height 8.
-struct FontStroke {
-  float x1, y1, x2, y2;
-};
-// The stroke font: strokes of character codes 1..216 (index 0 unused), at most 15 each.
-struct DrawFont {
-  std::array<std::vector<FontStroke>, 217> glyphs;
-};
-
 // The drawing: loaded from a .CAD file or filled by program; one drawing at a time per state.
 struct Drawing {
   int16_t SheetNo = 10;
@@ -122,10 +115,6 @@ struct Drawing {
   std::function<void()> ProcessEvents;
 };
 
-// Reads the stroke font DRAWTEXT.DTA: blocks of code, count and strokes, in any order. A failure closes the file
-// without a message; what was read stands. False when the file could not be read whole.
-bool LoadDrawingFont(const std::filesystem::path& path, DrawFont& font);
-
 // Loads a .CAD file into the drawing. `failed` is 0, or 1 after a failure, told through `ui` as
 // "Drawing file read failed...ERROR: " number ">>>  " text " <<<   " path; the tables keep what was read.
 void LoadDrawing(Drawing& d, const std::filesystem::path& path, int16_t reserved, int16_t& failed, Ui& ui);
@@ -149,6 +138,11 @@ void ViewEvent(Drawing& d);
 
 // Redraws everything: the sheet edge, then the rows table by table, giving way when RedrawAbort is set.
 void DrawAll(Drawing& d);
+
+// Draws the drawing on a printer surface as the prints do (Printing set by the caller): the sheet's edge in black,
+// then the rows in the order of the redraw, lines and arcs in the palette colour of their pen's number (pen 1 as
+// 2), the other rows in 2; the print rules then make lines, texts and dimensions black.
+void PrintAll(Drawing& d);
 
 // One row each; `colour` above 0 overrides the colour with that palette number; `erase` 1 draws in the
 // background colour.

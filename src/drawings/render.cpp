@@ -86,6 +86,21 @@ void DrawAll(Drawing& d) {
       DrawRows(d, d.Angles, DrawAngleDimension);
 }
 
+void PrintAll(Drawing& d) {
+  DrawingSurface& t = *d.Target;
+  if (d.SheetNo < 1 || d.SheetNo > 10) throw VbError(9);
+  const SheetSize& sheet = kSheets[static_cast<size_t>(d.SheetNo)];
+  t.Box(0, 0, d.DrawScale * sheet.width, d.DrawScale * sheet.height, QBColor(0));
+  // Lines and arcs in their pen's number as palette colour, pen 1 (white on screen) as 2; the rest in 2.
+  const auto pen_colour = [](int16_t pen) { return static_cast<int16_t>(pen == 1 ? 2 : pen); };
+  for (int i = 1; i <= d.Lines.count; ++i) DrawLine(d, i, pen_colour(d.Lines(i).pen), 0);
+  for (int i = 1; i <= d.Arcs.count; ++i) DrawArc(d, i, pen_colour(d.Arcs(i).pen), 0);
+  for (int i = 1; i <= d.Texts.count; ++i) DrawTextEntity(d, i, 2, 0);
+  for (int i = 1; i <= d.Leaders.count; ++i) DrawLeader(d, i, 2, 0);
+  for (int i = 1; i <= d.Dimensions.count; ++i) DrawDimension(d, i, 2, 0);
+  for (int i = 1; i <= d.Angles.count; ++i) DrawAngleDimension(d, i, 2, 0);
+}
+
 void DrawLine(Drawing& d, int i, int16_t colour, int16_t erase) {
   const LineRow& r = d.Lines(i);
   const auto c = RowColour(d, r.pen, r.layer, colour, erase);

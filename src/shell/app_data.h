@@ -2,6 +2,7 @@
 #pragma once
 
 #include "properties/steam.h"
+#include "properties/stroke_font.h"
 #include "properties/vapors.h"
 #include "pump/pump_data.h"
 #include "shell/constants.h"
@@ -18,6 +19,7 @@ struct AppData {
   UserVapors user_vapors;
   Constants constants;
   PumpData pumps;
+  DrawFont font;  // the drawings' stroke font
   UserInfo USERINFO{kUserInfoRows};
   UserInfoRead userinfo_state = UserInfoRead::kMissing;
   // The internal mode, the first value of the pricing configuration; 2 also

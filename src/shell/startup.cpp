@@ -23,8 +23,9 @@ bool RunStartSequence(Session& session, Ui& ui) {
   SetConstants(data.constants);
   ReadPumps(data.paths.DataFile(kPumpFile), data.pumps, ui);
 
-  // Drawing text: its reader is not part of this program yet.
+  // The drawings' stroke font; a missing or damaged file leaves the characters it did not give empty, silently.
   ui.status(std::string(kStartProgressTexts[4]));
+  LoadDrawingFont(data.paths.DataFile(kDrawingFontFile), data.font);
 
   ui.status(std::string(kStartProgressTexts[5]));
   SetPumpTables(data.pumps.tables);

@@ -6,7 +6,7 @@
 #include <optional>
 #include <sstream>
 
-#include "drawings/drawing.h"
+#include "properties/stroke_font.h"
 
 namespace kestrane {
 
