@@ -256,8 +256,11 @@ TEST_F(SpecSheet, DesignConditionsAndHydroTestOfTheMaterialsBlock) {
   EXPECT_EQ(EndingAt(s[43], 65), "120.0");
   SelectOption(screen, screen.OptionUnits, 1);
   s = Sheet();
-  EXPECT_EQ(EndingAt(s[41], 65), "3.4");   // 50 psig in bar
-  EXPECT_EQ(EndingAt(s[42], 65), "5.2");   // 75 psig
+  EXPECT_EQ(EndingAt(s[41], 56), "1.0");   // 15 psig in bar
+  EXPECT_EQ(EndingAt(s[42], 56), "1.6");   // 22.5 psig
+  // The water side's pressures stay in psig; only its temperature turns to degC.
+  EXPECT_EQ(EndingAt(s[41], 65), "50.0");
+  EXPECT_EQ(EndingAt(s[42], 65), "75.0");
   EXPECT_EQ(EndingAt(s[43], 56), "0.0");   // a temperature of 0 stays 0.0
   EXPECT_EQ(EndingAt(s[43], 65), "48.9");  // 120 degF
 }

@@ -256,8 +256,9 @@ void CondenserMaterials(Sheet& sheet, const DesignContext& ctx, bool barometric,
     PlaceInField(1, l45, "NA          ", 62);
     PlaceInField(-1, Line(sheet, 46), "Nozzle(s)", 12);
   } else {
-    PlaceNumber(l42, pressure(design(0)), 7.1f, 1, 65);
-    PlaceNumber(l43, pressure(design(0) * 1.5f), 7.1f, 1, 65);
+    // The water side's pressures stand in psig in both units.
+    PlaceNumber(l42, design(0), 7.1f, 1, 65);
+    PlaceNumber(l43, design(0) * 1.5f, 7.1f, 1, 65);
     PlaceNumber(l44, temperature(design(1)), 7.1f, 1, 65);
     PlaceNumber(l45, ctx.dc.CNDOPT(kCndOptTubeOD), 12.3f, 1, 48);
     PlaceNumber(l45, ctx.dc.CNDOPT(kCndOptBWG), 12.0f, 1, 62);
