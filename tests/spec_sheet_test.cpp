@@ -424,6 +424,22 @@ TEST_F(SpecSheet, RunTimeFaultIsToldAndGivesNoLines) {
   EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 6 Overflow");
 }
 
+TEST_F(SpecSheet, NonCondensiblesTooSmallToCountTheirMolesAreADivisionByZero) {
+  Design("SOLVENT-LOADS-THREE-STAGE.JET", false);
+  // Every non-condensible load at a rate that adds to the sum but not to the moles.
+  int tiny = 0;
+  for (int load = 1; load <= dc.NLOADS; ++load) {
+    if (dc.LOADS(kLoadVPC1, load) > 0 || dc.LOADS(kLoadVPC2, load) > 0 || dc.LOADS(kLoadVPAC, load) > 0) continue;
+    dc.LOADS(kLoadPPH, load) = 5e-05f;
+    ++tiny;
+  }
+  ASSERT_GT(tiny, 0);
+  ui.notices.clear();
+  EXPECT_TRUE(Sheet().empty());
+  ASSERT_EQ(ui.notices.size(), 1u);
+  EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 11 Division by zero");
+}
+
 TEST_F(SpecSheet, PrintedPageHasLinesTwoToSixtyBehindTheirIndentsAndNoPageHead) {
   Design("THREE-STAGE-DIRECT-CONTACT.JET", false);
   const std::vector<std::string> s = Sheet();

@@ -84,6 +84,8 @@ struct LoadSums {
   float NC = 0, NCMOL = 0, CV = 0, CVMOL = 0, ST = 0, STMOL = 0;
 };
 
+// A zero molecular weight, like a zero sum of moles under a load sum, is the run-time fault (division by zero)
+// it always was, not an infinite number on the sheet.
 LoadSums SumLoads(const DesignCase& dc) {
   LoadSums s;
   for (int load = 1; load <= dc.NLOADS; ++load) {
@@ -91,14 +93,14 @@ LoadSums SumLoads(const DesignCase& dc) {
     const bool counted = m > 9.9999997e-05f;
     if (!(dc.LOADS(kLoadVPC1, load) > 0) && !(dc.LOADS(kLoadVPC2, load) > 0) && !(dc.LOADS(kLoadVPAC, load) > 0)) {
       s.NC += m;
-      if (counted) s.NCMOL += m / mw;
+      if (counted) s.NCMOL += Divide(m, mw);
       continue;
     }
     s.CV += m;
-    if (counted) s.CVMOL += m / mw;
+    if (counted) s.CVMOL += Divide(m, mw);
     if (CInt(mw) == 18) {
       s.ST += m;
-      if (counted) s.STMOL += m / mw;
+      if (counted) s.STMOL += Divide(m, mw);
     }
   }
   s.CV -= s.ST;
@@ -136,14 +138,14 @@ void Performance(Sheet& sheet, const DesignContext& ctx, const LoadSums& sums, b
   std::string& l15 = Line(sheet, 15);
   if (sums.NC > 0) {
     PlaceNumber(l15, Shown(Quantity::kFlow, sums.NC, metric), 12.1f, 1, 30);
-    PlaceNumber(l15, sums.NC / sums.NCMOL, 12.1f, 1, 41);
+    PlaceNumber(l15, Divide(sums.NC, sums.NCMOL), 12.1f, 1, 41);
   }
   PlaceNumber(l15, Shown(Quantity::kTemperature, dc.TMOTIVE, metric), 12.1f, 1, 65);
 
   std::string& l16 = Line(sheet, 16);
   if (sums.CV > 0) {
     PlaceNumber(l16, Shown(Quantity::kFlow, sums.CV, metric), 12.1f, 1, 30);
-    PlaceNumber(l16, sums.CV / sums.CVMOL, 12.1f, 1, 41);
+    PlaceNumber(l16, Divide(sums.CV, sums.CVMOL), 12.1f, 1, 41);
   }
   const float water = static_cast<float>(Val(ctx.screen.txtInput[5]));
   if (water > 0) PlaceNumber(l16, Shown(Quantity::kTemperature, water, metric), 12.1f, 1, 65);
