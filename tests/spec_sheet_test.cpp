@@ -424,6 +424,17 @@ TEST_F(SpecSheet, RunTimeFaultIsToldAndGivesNoLines) {
   EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 6 Overflow");
 }
 
+TEST_F(SpecSheet, MoreStagesThanTheSheetHasWordsForAreASubscriptFault) {
+  Design("FOUR-STAGE-SURFACE.JET", false);
+  for (int16_t stages : {6, 7}) {
+    dc.NSTAGES = stages;
+    ui.notices.clear();
+    EXPECT_TRUE(Sheet().empty());
+    ASSERT_EQ(ui.notices.size(), 1u);
+    EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 9 Subscript out of range");
+  }
+}
+
 TEST_F(SpecSheet, NonCondensiblesTooSmallToCountTheirMolesAreADivisionByZero) {
   Design("SOLVENT-LOADS-THREE-STAGE.JET", false);
   // Every non-condensible load at a rate that adds to the sum but not to the moles.

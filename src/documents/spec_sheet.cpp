@@ -5,6 +5,7 @@
 
 #include "documents/page_frame.h"
 #include "engine/results.h"
+#include "properties/arrays.h"
 #include "properties/numeric.h"
 #include "properties/unit_factors.h"
 #include "pump/pump_selection.h"
@@ -109,7 +110,8 @@ LoadSums SumLoads(const DesignCase& dc) {
 }
 
 void Head(Sheet& sheet, const DesignContext& ctx, const std::string& case_file_name, const std::string& date_text) {
-  static const char* const kCounts[] = {"", "One  ", "Two  ", "Three", "Four ", "Five "};
+  // A count beyond five is the subscript fault the handler tells.
+  static const Array1D<std::string_view> kCounts(1, {"One  ", "Two  ", "Three", "Four ", "Five "});
   const InputScreen& screen = ctx.screen;
   const DesignCase& dc = ctx.dc;
   PlaceInField(-1, Line(sheet, 6), Trim(screen.txtHeadingInput[0]), 17);
@@ -118,7 +120,7 @@ void Head(Sheet& sheet, const DesignContext& ctx, const std::string& case_file_n
   PlaceInField(-1, Line(sheet, 8), Trim(screen.txtHeadingInput[1]), 17);
   PlaceInField(-1, Line(sheet, 8), CaseStem(case_file_name), 61);
   std::string title = dc.PRECOND != 0 ? "Precondenser and " : "";
-  if (dc.NSTAGES > 0 && dc.NSTAGES <= 5) title += Trim(kCounts[dc.NSTAGES]);
+  if (dc.NSTAGES > 0) title += Trim(kCounts(dc.NSTAGES));
   PlaceInField(0, Line(sheet, 10), title + " Stage Vacuum System Performance", 38);
 }
 
@@ -169,7 +171,7 @@ void Performance(Sheet& sheet, const DesignContext& ctx, const LoadSums& sums, b
 }
 
 void Ejectors(Sheet& sheet, const DesignContext& ctx) {
-  static const char* const kOrdinals[] = {"", "1st   ", "2nd   ", "3rd   ", "4th   ", "5th   "};
+  static const Array1D<std::string_view> kOrdinals(1, {"1st   ", "2nd   ", "3rd   ", "4th   ", "5th   "});
   const int nstages = ctx.dc.NSTAGES;
   // Stages 4 and 5 share the template on line 19; the fifth's fields stand on the rule above it, as they always did.
   struct StageLine {
@@ -180,7 +182,7 @@ void Ejectors(Sheet& sheet, const DesignContext& ctx) {
     if (s.stage >= 4) Line(sheet, 19) = TemplateLine(kStageLine, kWidth);
     std::string& line = Line(sheet, s.line);
     PlaceInField(-1, line, "(1)-100%", 4);
-    PlaceInField(-1, line, kOrdinals[nstages - s.stage + 1], 14);
+    PlaceInField(-1, line, std::string(kOrdinals(nstages - s.stage + 1)), 14);
     PlaceInField(0, line, EjectorModel(ctx, s.stage), 60);
   }
 }
