@@ -202,19 +202,24 @@ void PlaceResults(RequestLines& sheet, const DesignContext& ctx) {
 }  // namespace
 
 std::vector<std::string> DataSheetLines(const DesignContext& ctx, const UserInfo& user, const std::string& date_text) {
-  const InputScreen& screen = ctx.screen;
-  RequestLines sheet(kDataSheetLines);
-  PlaceRequestHead(sheet, "                   VACUUM SYSTEM DESIGN PROGRAM DATA",
-                   "   Please provide a vacuum system quotation based on the following:", user, date_text,
-                   {screen.txtHeadingInput, screen.CASENAME});
-  for (const auto& [n, text] : kTemplates) sheet(n) = TemplateLine(text, kRequestWidth);
-  PlaceInputAndCosts(sheet, screen);
-  PlaceChoices(sheet, screen);
-  PlaceLoads(sheet, ctx);
-  PlaceDesign(sheet, screen);
-  PlaceMaterials(sheet, ctx);
-  PlaceResults(sheet, ctx);
-  return sheet.lines;
+  try {
+    const InputScreen& screen = ctx.screen;
+    RequestLines sheet(kDataSheetLines);
+    PlaceRequestHead(sheet, "                   VACUUM SYSTEM DESIGN PROGRAM DATA",
+                     "   Please provide a vacuum system quotation based on the following:", user, date_text,
+                     {screen.txtHeadingInput, screen.CASENAME});
+    for (const auto& [n, text] : kTemplates) sheet(n) = TemplateLine(text, kRequestWidth);
+    PlaceInputAndCosts(sheet, screen);
+    PlaceChoices(sheet, screen);
+    PlaceLoads(sheet, ctx);
+    PlaceDesign(sheet, screen);
+    PlaceMaterials(sheet, ctx);
+    PlaceResults(sheet, ctx);
+    return sheet.lines;
+  } catch (...) {
+    ctx.ui.notice(TrappedError("PrintDataSheet", CaughtError()));
+    return {};
+  }
 }
 
 std::filesystem::path DataSheetTextPath(const std::string& case_path, const std::filesystem::path& fallback_folder) {
