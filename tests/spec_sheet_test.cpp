@@ -424,6 +424,19 @@ TEST_F(SpecSheet, RunTimeFaultIsToldAndGivesNoLines) {
   EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 6 Overflow");
 }
 
+TEST_F(SpecSheet, ADesignConditionNoSingleCanHoldIsAnOverflowNotAnInfiniteNumber) {
+  Design("FOUR-STAGE-SURFACE.JET", false);
+  // The second fits a Single, its hydro test pressure half as much again does not.
+  for (const char* typed : {"1e39", "3e38"}) {
+    SCOPED_TRACE(typed);
+    screen.txtDesign = {"50", "120", typed, "0"};
+    ui.notices.clear();
+    EXPECT_TRUE(Sheet().empty());
+    ASSERT_EQ(ui.notices.size(), 1u);
+    EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 6 Overflow");
+  }
+}
+
 TEST_F(SpecSheet, MoreStagesThanTheSheetHasWordsForAreASubscriptFault) {
   Design("FOUR-STAGE-SURFACE.JET", false);
   for (int16_t stages : {6, 7}) {

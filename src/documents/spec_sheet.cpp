@@ -149,7 +149,7 @@ void Performance(Sheet& sheet, const DesignContext& ctx, const LoadSums& sums, b
     PlaceNumber(l16, Shown(Quantity::kFlow, sums.CV, metric), 12.1f, 1, 30);
     PlaceNumber(l16, Divide(sums.CV, sums.CVMOL), 12.1f, 1, 41);
   }
-  const float water = static_cast<float>(Val(ctx.screen.txtInput[5]));
+  const float water = CSng(Val(ctx.screen.txtInput[5]));
   if (water > 0) PlaceNumber(l16, Shown(Quantity::kTemperature, water, metric), 12.1f, 1, 65);
 
   std::string& l17 = Line(sheet, 17);
@@ -238,7 +238,8 @@ bool Condensers(Sheet& sheet, const DesignContext& ctx, bool metric) {
 // condenser.
 void CondenserMaterials(Sheet& sheet, const DesignContext& ctx, bool barometric, bool metric) {
   const InputScreen& screen = ctx.screen;
-  const auto design = [&screen](size_t k) { return static_cast<float>(Val(screen.txtDesign[k])); };
+  // A design field (times `factor`) as the Single the sheet writes: beyond a Single's range it is error 6.
+  const auto design = [&screen](size_t k, double factor = 1.0) { return CSng(Val(screen.txtDesign[k]) * factor); };
   const auto pressure = [metric](float psig) { return Shown(Quantity::kPressurePsig, psig, metric); };
   // A design temperature of 0 reads 0.0 in degC as well.
   const auto temperature = [metric](float f) { return f == 0 ? 0.0f : Shown(Quantity::kTemperature, f, metric); };
@@ -250,7 +251,7 @@ void CondenserMaterials(Sheet& sheet, const DesignContext& ctx, bool barometric,
   PlaceInField(1, l42, std::string(ListText(screen, kProcessSideMaterial)), 29);
   PlaceNumber(l42, pressure(design(2)), 7.1f, 1, 56);
   PlaceInField(1, l43, barometric ? "NA" : std::string(ListText(screen, kTubeSheetMaterial)), 29);
-  PlaceNumber(l43, pressure(design(2) * 1.5f), 7.1f, 1, 56);
+  PlaceNumber(l43, pressure(design(2, 1.5)), 7.1f, 1, 56);
   PlaceInField(1, l44, std::string(ListText(screen, kWaterSideMaterial)), 29);
   PlaceNumber(l44, temperature(design(3)), 7.1f, 1, 56);
   PlaceInField(1, l45, barometric ? "NA" : std::string(ListText(screen, kTubeMaterial)), 29);
@@ -262,7 +263,7 @@ void CondenserMaterials(Sheet& sheet, const DesignContext& ctx, bool barometric,
   } else {
     // The water side's pressures stand in psig in both units.
     PlaceNumber(l42, design(0), 7.1f, 1, 65);
-    PlaceNumber(l43, design(0) * 1.5f, 7.1f, 1, 65);
+    PlaceNumber(l43, design(0, 1.5), 7.1f, 1, 65);
     PlaceNumber(l44, temperature(design(1)), 7.1f, 1, 65);
     PlaceNumber(l45, ctx.dc.CNDOPT(kCndOptTubeOD), 12.3f, 1, 48);
     PlaceNumber(l45, ctx.dc.CNDOPT(kCndOptBWG), 12.0f, 1, 62);
