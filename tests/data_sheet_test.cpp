@@ -261,6 +261,13 @@ TEST_F(DataSheet, ABoxNoSingleCanHoldIsToldByTheSheetAndGivesNoLines) {
   EXPECT_TRUE(Lines().empty());
   ASSERT_EQ(ui.notices.size(), 1u);
   EXPECT_EQ(ui.notices[0], "PrintDataSheet Error: 6 Overflow");
+
+  // A design pressure a Single holds whose hydro test pressure, half as much again, it does not.
+  screen.txtCpphA[1] = "25";
+  screen.txtDesign[2] = "3e38";
+  ui.notices.clear();
+  EXPECT_TRUE(Lines().empty());
+  EXPECT_EQ(ui.notices, std::vector<std::string>{"PrintDataSheet Error: 6 Overflow"});
 }
 
 // --- The text file and the print -----------------------------------------------------------

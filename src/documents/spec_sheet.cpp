@@ -149,7 +149,7 @@ void Performance(Sheet& sheet, const DesignContext& ctx, const LoadSums& sums, b
     PlaceNumber(l16, Shown(Quantity::kFlow, sums.CV, metric), 12.1f, 1, 30);
     PlaceNumber(l16, Divide(sums.CV, sums.CVMOL), 12.1f, 1, 41);
   }
-  const float water = CSng(Val(ctx.screen.txtInput[5]));
+  const float water = BoxNumber(ctx.screen.txtInput[5]);
   if (water > 0) PlaceNumber(l16, Shown(Quantity::kTemperature, water, metric), 12.1f, 1, 65);
 
   std::string& l17 = Line(sheet, 17);
@@ -238,8 +238,7 @@ bool Condensers(Sheet& sheet, const DesignContext& ctx, bool metric) {
 // condenser.
 void CondenserMaterials(Sheet& sheet, const DesignContext& ctx, bool barometric, bool metric) {
   const InputScreen& screen = ctx.screen;
-  // A design field (times `factor`) as the Single the sheet writes: beyond a Single's range it is error 6.
-  const auto design = [&screen](size_t k, double factor = 1.0) { return CSng(Val(screen.txtDesign[k]) * factor); };
+  const auto design = [&screen](size_t k, double factor = 1.0) { return BoxNumber(screen.txtDesign[k], factor); };
   const auto pressure = [metric](float psig) { return Shown(Quantity::kPressurePsig, psig, metric); };
   // A design temperature of 0 reads 0.0 in degC as well.
   const auto temperature = [metric](float f) { return f == 0 ? 0.0f : Shown(Quantity::kTemperature, f, metric); };
