@@ -115,6 +115,12 @@ class SpecSheet : public ::testing::Test {
     SelectOption(screen, screen.OptionUnits, metric ? 1 : 0);
   }
   std::vector<std::string> Sheet() { return SpecSheetLines(ctx, screen.CASENAME, kDate); }
+  // The sheet as the design now stands gives no lines and tells the user `notice` alone.
+  void ExpectFault(const std::string& notice) {
+    ui.notices.clear();
+    EXPECT_TRUE(Sheet().empty());
+    EXPECT_EQ(ui.notices, std::vector<std::string>{notice});
+  }
 
   RecordingUi ui;
   DesignCase dc;
@@ -418,10 +424,7 @@ TEST_F(SpecSheet, RunTimeFaultIsToldAndGivesNoLines) {
   Design("SOLVENT-LOADS-THREE-STAGE.JET", false);
   ASSERT_GT(dc.LOADS(kLoadVPC1, 2), 0);
   dc.LOADS(kLoadMW, 2) = 1e6f;  // a condensible whose molecular weight no 16-bit integer holds
-  ui.notices.clear();
-  EXPECT_TRUE(Sheet().empty());
-  ASSERT_EQ(ui.notices.size(), 1u);
-  EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 6 Overflow");
+  ExpectFault("PrintSpecSheet Error: 6 Overflow");
 }
 
 TEST_F(SpecSheet, ADesignConditionNoSingleCanHoldIsAnOverflowNotAnInfiniteNumber) {
@@ -430,10 +433,7 @@ TEST_F(SpecSheet, ADesignConditionNoSingleCanHoldIsAnOverflowNotAnInfiniteNumber
   for (const char* typed : {"1e39", "3e38"}) {
     SCOPED_TRACE(typed);
     screen.txtDesign = {"50", "120", typed, "0"};
-    ui.notices.clear();
-    EXPECT_TRUE(Sheet().empty());
-    ASSERT_EQ(ui.notices.size(), 1u);
-    EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 6 Overflow");
+    ExpectFault("PrintSpecSheet Error: 6 Overflow");
   }
 }
 
@@ -441,10 +441,7 @@ TEST_F(SpecSheet, MoreStagesThanTheSheetHasWordsForAreASubscriptFault) {
   Design("FOUR-STAGE-SURFACE.JET", false);
   for (int16_t stages : {6, 7}) {
     dc.NSTAGES = stages;
-    ui.notices.clear();
-    EXPECT_TRUE(Sheet().empty());
-    ASSERT_EQ(ui.notices.size(), 1u);
-    EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 9 Subscript out of range");
+    ExpectFault("PrintSpecSheet Error: 9 Subscript out of range");
   }
 }
 
@@ -458,10 +455,7 @@ TEST_F(SpecSheet, NonCondensiblesTooSmallToCountTheirMolesAreADivisionByZero) {
     ++tiny;
   }
   ASSERT_GT(tiny, 0);
-  ui.notices.clear();
-  EXPECT_TRUE(Sheet().empty());
-  ASSERT_EQ(ui.notices.size(), 1u);
-  EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 11 Division by zero");
+  ExpectFault("PrintSpecSheet Error: 11 Division by zero");
 }
 
 TEST_F(SpecSheet, PrintedPageHasLinesTwoToSixtyBehindTheirIndentsAndNoPageHead) {
