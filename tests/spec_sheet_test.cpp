@@ -68,6 +68,7 @@ struct SheetText {
   int line, column;
   std::string_view text;
 };
+const char* const kStageLineText = "   ____________________Stage Ejector.       Size_______________________";
 const SheetText kTemplateTexts[] = {
     {3, 27, "TESSEL CORPORATION"},
     {4, 20, "VACUUM SYSTEM SPECIFICATION SHEET"},
@@ -278,7 +279,7 @@ TEST_F(SpecSheet, TwoStagesLeaveTheThirdStageLineAsTemplateAndCountFromTheSuctio
   ASSERT_EQ(dc.NSTAGES, 2);
   const std::vector<std::string> s = Sheet();
   EXPECT_EQ(s[18], std::string(76, ' '));
-  EXPECT_EQ(s[19], TemplateLine("   ____________________Stage Ejector.       Size_______________________", 76));
+  EXPECT_EQ(s[19], TemplateLine(kStageLineText, 76));
   EXPECT_EQ(At(s[26], 4, 13), "(1)-100%__1st");
   EXPECT_EQ(At(s[33], 4, 13), "(1)-100%__2nd");
   for (const auto& [c, n] : {std::pair{2, 27}, std::pair{1, 34}}) {
@@ -305,6 +306,19 @@ TEST_F(SpecSheet, FourStagesUseLineNineteenAndAFifthStandsOnTheRuleAbove) {
   EXPECT_EQ(At(s[18], 4, 34), "(1)-100%__2nd_______Stage Ejector.");
   EXPECT_EQ(At(s[33], 4, 13), "(1)-100%__5th");
   EXPECT_EQ(Trim(s[9]), "Five Stage Vacuum System Performance");
+}
+
+TEST_F(SpecSheet, NoStagesBehindAPrecondenserLeaveTheStageLinesAndNameEveryCondenserAPrecondenser) {
+  Design("TWO-STAGE-PRECONDENSER.JET", false);
+  dc.NSTAGES = 0;
+  dc.HASAC = 1;
+  const std::vector<std::string> s = Sheet();
+  ASSERT_EQ(s.size(), 60u);
+  EXPECT_EQ(Trim(s[9]), "Precondenser and  Stage Vacuum System Performance");
+  // The suction is the inlet of the condenser in column 1.
+  EXPECT_NEAR(NumberEndingAt(s[12], 65), dc.CND(kCondAC, kCndPIN), 0.051);
+  for (int n : {20, 27, 34}) EXPECT_EQ(s[static_cast<size_t>(n - 1)], TemplateLine(kStageLineText, 76)) << n;
+  for (int n : {23, 30, 37}) EXPECT_EQ(At(s[static_cast<size_t>(n - 1)], 4, 28), "Surface Precondenser, Size__") << n;
 }
 
 TEST_F(SpecSheet, DesignationJoinsTheTrainInTheOrderOfFlow) {
