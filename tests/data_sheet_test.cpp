@@ -5,6 +5,7 @@
 
 #include "case/jet_file.h"
 #include "documents/data_sheet.h"
+#include "documents/design_reports.h"
 #include "documents/page_frame.h"
 #include "engine/design_run.h"
 #include "engine/results.h"
@@ -253,6 +254,22 @@ TEST_F(DataSheet, ResultsLeaveOutTheEquipmentAtTheSuctionEndAndShowTheTotals) {
   EXPECT_EQ(Designation(lines[63]), "203x2438BEM-C-1.5-152x1829BEM");
 }
 
+TEST_F(DataSheet, ABoxNoSingleCanHoldIsToldByTheSheetAndGivesNoLines) {
+  Design("SOLVENT-LOADS-THREE-STAGE.JET");
+  screen.txtCpphA[1] = "1e39";
+  ui.notices.clear();
+  EXPECT_TRUE(Lines().empty());
+  ASSERT_EQ(ui.notices.size(), 1u);
+  EXPECT_EQ(ui.notices[0], "PrintDataSheet Error: 6 Overflow");
+
+  // A design pressure a Single holds whose hydro test pressure, half as much again, it does not.
+  screen.txtCpphA[1] = "25";
+  screen.txtDesign[2] = "3e38";
+  ui.notices.clear();
+  EXPECT_TRUE(Lines().empty());
+  EXPECT_EQ(ui.notices, std::vector<std::string>{"PrintDataSheet Error: 6 Overflow"});
+}
+
 // --- The text file and the print -----------------------------------------------------------
 
 TEST(DataSheetTextPath, IsTheCaseUpperCasedBesideItWithJetMadeTxtOrOutTxt) {
@@ -336,4 +353,23 @@ TEST_F(DataSheetOutput, AnExampleWritesItsSheetBesideTheCase) {
   for (size_t at = bytes.find("\r\n"); at != std::string::npos; at = bytes.find("\r\n", at + 2)) ++line_ends;
   EXPECT_EQ(line_ends, 1u + 66u + 1u + 3u);
   EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), static_cast<std::ptrdiff_t>(line_ends));
+}
+
+TEST_F(DataSheetOutput, AFaultInTheDataSheetLeavesTheSpecificationSheetAndWritesNoText) {
+  RecordingUi ui;
+  DesignCase dc;
+  InputScreen screen = NewCase();
+  ASSERT_TRUE(OpenCase(kExampleCases / "SOLVENT-LOADS-THREE-STAGE.JET", screen, ui));
+  screen.USERCASE.clear();  // OUT.TXT would go to the scratch folder
+  float pinterfix = 0;
+  DesignContext ctx{dc, ShippedData(), screen, pinterfix, ui};
+  ASSERT_EQ(RunDesign(ctx, screen).input_error, 0);
+  screen.txtCost[0] = "1e39";
+  ui.notices.clear();
+  const DesignSheets sheets = PrepareDesignSheets({Report::kSpecSheet, Report::kDataSheet}, ctx, kSheetDate, dir);
+  EXPECT_EQ(sheets.spec.size(), 60u);
+  EXPECT_TRUE(sheets.data.empty());
+  EXPECT_TRUE(sheets.data_text.empty());
+  EXPECT_FALSE(fs::exists(dir / "OUT.TXT"));
+  EXPECT_EQ(ui.notices, std::vector<std::string>{"PrintDataSheet Error: 6 Overflow"});
 }

@@ -68,6 +68,7 @@ struct SheetText {
   int line, column;
   std::string_view text;
 };
+const char* const kStageLineText = "   ____________________Stage Ejector.       Size_______________________";
 const SheetText kTemplateTexts[] = {
     {3, 27, "TESSEL CORPORATION"},
     {4, 20, "VACUUM SYSTEM SPECIFICATION SHEET"},
@@ -115,6 +116,12 @@ class SpecSheet : public ::testing::Test {
     SelectOption(screen, screen.OptionUnits, metric ? 1 : 0);
   }
   std::vector<std::string> Sheet() { return SpecSheetLines(ctx, screen.CASENAME, kDate); }
+  // The sheet as the design now stands gives no lines and tells the user `notice` alone.
+  void ExpectFault(const std::string& notice) {
+    ui.notices.clear();
+    EXPECT_TRUE(Sheet().empty());
+    EXPECT_EQ(ui.notices, std::vector<std::string>{notice});
+  }
 
   RecordingUi ui;
   DesignCase dc;
@@ -256,8 +263,11 @@ TEST_F(SpecSheet, DesignConditionsAndHydroTestOfTheMaterialsBlock) {
   EXPECT_EQ(EndingAt(s[43], 65), "120.0");
   SelectOption(screen, screen.OptionUnits, 1);
   s = Sheet();
-  EXPECT_EQ(EndingAt(s[41], 65), "3.4");   // 50 psig in bar
-  EXPECT_EQ(EndingAt(s[42], 65), "5.2");   // 75 psig
+  EXPECT_EQ(EndingAt(s[41], 56), "1.0");   // 15 psig in bar
+  EXPECT_EQ(EndingAt(s[42], 56), "1.6");   // 22.5 psig
+  // The water side's pressures stay in psig; only its temperature turns to degC.
+  EXPECT_EQ(EndingAt(s[41], 65), "50.0");
+  EXPECT_EQ(EndingAt(s[42], 65), "75.0");
   EXPECT_EQ(EndingAt(s[43], 56), "0.0");   // a temperature of 0 stays 0.0
   EXPECT_EQ(EndingAt(s[43], 65), "48.9");  // 120 degF
 }
@@ -269,7 +279,7 @@ TEST_F(SpecSheet, TwoStagesLeaveTheThirdStageLineAsTemplateAndCountFromTheSuctio
   ASSERT_EQ(dc.NSTAGES, 2);
   const std::vector<std::string> s = Sheet();
   EXPECT_EQ(s[18], std::string(76, ' '));
-  EXPECT_EQ(s[19], TemplateLine("   ____________________Stage Ejector.       Size_______________________", 76));
+  EXPECT_EQ(s[19], TemplateLine(kStageLineText, 76));
   EXPECT_EQ(At(s[26], 4, 13), "(1)-100%__1st");
   EXPECT_EQ(At(s[33], 4, 13), "(1)-100%__2nd");
   for (const auto& [c, n] : {std::pair{2, 27}, std::pair{1, 34}}) {
@@ -296,6 +306,19 @@ TEST_F(SpecSheet, FourStagesUseLineNineteenAndAFifthStandsOnTheRuleAbove) {
   EXPECT_EQ(At(s[18], 4, 34), "(1)-100%__2nd_______Stage Ejector.");
   EXPECT_EQ(At(s[33], 4, 13), "(1)-100%__5th");
   EXPECT_EQ(Trim(s[9]), "Five Stage Vacuum System Performance");
+}
+
+TEST_F(SpecSheet, NoStagesBehindAPrecondenserLeaveTheStageLinesAndNameEveryCondenserAPrecondenser) {
+  Design("TWO-STAGE-PRECONDENSER.JET", false);
+  dc.NSTAGES = 0;
+  dc.HASAC = 1;
+  const std::vector<std::string> s = Sheet();
+  ASSERT_EQ(s.size(), 60u);
+  EXPECT_EQ(Trim(s[9]), "Precondenser and  Stage Vacuum System Performance");
+  // The suction is the inlet of the condenser in column 1.
+  EXPECT_NEAR(NumberEndingAt(s[12], 65), dc.CND(kCondAC, kCndPIN), 0.051);
+  for (int n : {20, 27, 34}) EXPECT_EQ(s[static_cast<size_t>(n - 1)], TemplateLine(kStageLineText, 76)) << n;
+  for (int n : {23, 30, 37}) EXPECT_EQ(At(s[static_cast<size_t>(n - 1)], 4, 28), "Surface Precondenser, Size__") << n;
 }
 
 TEST_F(SpecSheet, DesignationJoinsTheTrainInTheOrderOfFlow) {
@@ -415,10 +438,38 @@ TEST_F(SpecSheet, RunTimeFaultIsToldAndGivesNoLines) {
   Design("SOLVENT-LOADS-THREE-STAGE.JET", false);
   ASSERT_GT(dc.LOADS(kLoadVPC1, 2), 0);
   dc.LOADS(kLoadMW, 2) = 1e6f;  // a condensible whose molecular weight no 16-bit integer holds
-  ui.notices.clear();
-  EXPECT_TRUE(Sheet().empty());
-  ASSERT_EQ(ui.notices.size(), 1u);
-  EXPECT_EQ(ui.notices[0], "PrintSpecSheet Error: 6 Overflow");
+  ExpectFault("PrintSpecSheet Error: 6 Overflow");
+}
+
+TEST_F(SpecSheet, ADesignConditionNoSingleCanHoldIsAnOverflowNotAnInfiniteNumber) {
+  Design("FOUR-STAGE-SURFACE.JET", false);
+  // The second fits a Single, its hydro test pressure half as much again does not.
+  for (const char* typed : {"1e39", "3e38"}) {
+    SCOPED_TRACE(typed);
+    screen.txtDesign = {"50", "120", typed, "0"};
+    ExpectFault("PrintSpecSheet Error: 6 Overflow");
+  }
+}
+
+TEST_F(SpecSheet, MoreStagesThanTheSheetHasWordsForAreASubscriptFault) {
+  Design("FOUR-STAGE-SURFACE.JET", false);
+  for (int16_t stages : {6, 7}) {
+    dc.NSTAGES = stages;
+    ExpectFault("PrintSpecSheet Error: 9 Subscript out of range");
+  }
+}
+
+TEST_F(SpecSheet, NonCondensiblesTooSmallToCountTheirMolesAreADivisionByZero) {
+  Design("SOLVENT-LOADS-THREE-STAGE.JET", false);
+  // Every non-condensible load at a rate that adds to the sum but not to the moles.
+  int tiny = 0;
+  for (int load = 1; load <= dc.NLOADS; ++load) {
+    if (dc.LOADS(kLoadVPC1, load) > 0 || dc.LOADS(kLoadVPC2, load) > 0 || dc.LOADS(kLoadVPAC, load) > 0) continue;
+    dc.LOADS(kLoadPPH, load) = 5e-05f;
+    ++tiny;
+  }
+  ASSERT_GT(tiny, 0);
+  ExpectFault("PrintSpecSheet Error: 11 Division by zero");
 }
 
 TEST_F(SpecSheet, PrintedPageHasLinesTwoToSixtyBehindTheirIndentsAndNoPageHead) {

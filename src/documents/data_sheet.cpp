@@ -158,15 +158,15 @@ void PlaceLoads(RequestLines& sheet, const DesignContext& ctx) {
 // Design pressure, hydro test pressure and design temperature, process and water side, in both unit sets.
 void PlaceDesign(RequestLines& sheet, const InputScreen& screen) {
   enum : size_t { kWaterPressure, kWaterTemperature, kProcessPressure, kProcessTemperature };
-  const auto place = [&](size_t n, size_t process, size_t water, float factor) {
-    PlaceNumber(sheet(n), BoxNumber(screen.txtDesign[process]) * factor, 10.1f, 1, 26);
-    PlaceNumber(sheet(n), BoxNumber(screen.txtDesignA[process]) * factor, 10.1f, 1, 37);
-    PlaceNumber(sheet(n), BoxNumber(screen.txtDesign[water]) * factor, 10.1f, 1, 50);
-    PlaceNumber(sheet(n), BoxNumber(screen.txtDesignA[water]) * factor, 10.1f, 1, 61);
+  const auto place = [&](size_t n, size_t process, size_t water, double factor) {
+    PlaceNumber(sheet(n), BoxNumber(screen.txtDesign[process], factor), 10.1f, 1, 26);
+    PlaceNumber(sheet(n), BoxNumber(screen.txtDesignA[process], factor), 10.1f, 1, 37);
+    PlaceNumber(sheet(n), BoxNumber(screen.txtDesign[water], factor), 10.1f, 1, 50);
+    PlaceNumber(sheet(n), BoxNumber(screen.txtDesignA[water], factor), 10.1f, 1, 61);
   };
-  place(51, kProcessPressure, kWaterPressure, 1.0f);
-  place(52, kProcessPressure, kWaterPressure, 1.5f);
-  place(53, kProcessTemperature, kWaterTemperature, 1.0f);
+  place(51, kProcessPressure, kWaterPressure, 1.0);
+  place(52, kProcessPressure, kWaterPressure, 1.5);
+  place(53, kProcessTemperature, kWaterTemperature, 1.0);
 }
 
 void PlaceMaterials(RequestLines& sheet, const DesignContext& ctx) {
@@ -202,19 +202,24 @@ void PlaceResults(RequestLines& sheet, const DesignContext& ctx) {
 }  // namespace
 
 std::vector<std::string> DataSheetLines(const DesignContext& ctx, const UserInfo& user, const std::string& date_text) {
-  const InputScreen& screen = ctx.screen;
-  RequestLines sheet(kDataSheetLines);
-  PlaceRequestHead(sheet, "                   VACUUM SYSTEM DESIGN PROGRAM DATA",
-                   "   Please provide a vacuum system quotation based on the following:", user, date_text,
-                   {screen.txtHeadingInput, screen.CASENAME});
-  for (const auto& [n, text] : kTemplates) sheet(n) = TemplateLine(text, kRequestWidth);
-  PlaceInputAndCosts(sheet, screen);
-  PlaceChoices(sheet, screen);
-  PlaceLoads(sheet, ctx);
-  PlaceDesign(sheet, screen);
-  PlaceMaterials(sheet, ctx);
-  PlaceResults(sheet, ctx);
-  return sheet.lines;
+  try {
+    const InputScreen& screen = ctx.screen;
+    RequestLines sheet(kDataSheetLines);
+    PlaceRequestHead(sheet, "                   VACUUM SYSTEM DESIGN PROGRAM DATA",
+                     "   Please provide a vacuum system quotation based on the following:", user, date_text,
+                     {screen.txtHeadingInput, screen.CASENAME});
+    for (const auto& [n, text] : kTemplates) sheet(n) = TemplateLine(text, kRequestWidth);
+    PlaceInputAndCosts(sheet, screen);
+    PlaceChoices(sheet, screen);
+    PlaceLoads(sheet, ctx);
+    PlaceDesign(sheet, screen);
+    PlaceMaterials(sheet, ctx);
+    PlaceResults(sheet, ctx);
+    return sheet.lines;
+  } catch (...) {
+    ctx.ui.notice(TrappedError("PrintDataSheet", CaughtError()));
+    return {};
+  }
 }
 
 std::filesystem::path DataSheetTextPath(const std::string& case_path, const std::filesystem::path& fallback_folder) {

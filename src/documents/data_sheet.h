@@ -13,7 +13,8 @@ namespace kestrane {
 
 // The 66 lines of the sheet (76 characters each; element 0 is line 1) for a designed case: the sender from `user`,
 // the case and its main input as typed on both unit sides, utility costs, choices, loads, design conditions,
-// materials, codes and the results. A box whose number no Single can hold raises VbError 6.
+// materials, codes and the results. A run-time fault while the lines are built (a box whose number no Single can
+// hold) is told to the user and gives no lines.
 std::vector<std::string> DataSheetLines(const DesignContext& ctx, const UserInfo& user, const std::string& date_text);
 
 // The sheet's text file: the case's path with its file name upper-cased and its first ".JET" made ".TXT"

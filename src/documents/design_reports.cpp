@@ -30,8 +30,11 @@ DesignSheets PrepareDesignSheets(const std::vector<Report>& reports, const Desig
   if (asked(Report::kSpecSheet)) sheets.spec = SpecSheetLines(ctx, ctx.screen.CASENAME, date_text);
   if (asked(Report::kDataSheet)) {
     sheets.data = DataSheetLines(ctx, ctx.data.USERINFO, date_text);
-    sheets.data_text = WriteText(WriteSheetText, sheets.data, DataSheetTextPath(ctx.screen.USERCASE, text_folder),
-                                 text_folder, ctx.ui);
+    // A sheet its handler gave up on writes no text.
+    if (!sheets.data.empty()) {
+      sheets.data_text = WriteText(WriteSheetText, sheets.data,
+                                   DataSheetTextPath(ctx.screen.USERCASE, text_folder), text_folder, ctx.ui);
+    }
   }
   return sheets;
 }

@@ -20,8 +20,8 @@ struct DesignSheets {
 };
 
 // Builds the sheets among `reports` for the design of `ctx`, dated `date_text`. The data sheet's text goes beside
-// the case (NAME.TXT), or to OUT.TXT in `text_folder` for a case never saved; a failed write is told through the
-// context's Ui. Reports that are drawings are left to the drawing prints.
+// the case (NAME.TXT), or to OUT.TXT in `text_folder` for a case never saved, unless a fault left it without lines;
+// a failed write is told through the context's Ui. Reports that are drawings are left to the drawing prints.
 DesignSheets PrepareDesignSheets(const std::vector<Report>& reports, const DesignContext& ctx,
                                  const std::string& date_text, const std::filesystem::path& text_folder);
 

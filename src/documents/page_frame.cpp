@@ -19,6 +19,8 @@ void PlaceNumber(std::string& line, float value, float spec, int16_t alignment, 
   PlaceInField(alignment, line, FormatFixed(value, spec), column);
 }
 
+float BoxNumber(const std::string& text, double factor) { return CSng(Val(text) * factor); }
+
 std::string CaseStem(std::string_view file_name) {
   const size_t dot = file_name.find('.');
   if (dot == std::string_view::npos || dot == 0) return Trim(file_name);

@@ -39,6 +39,10 @@ std::string TemplateLine(std::string_view text, int width);
 // places a text: alignment 1 ends at `column`, -1 starts there, 0 centres on it.
 void PlaceNumber(std::string& line, float value, float spec, int16_t alignment, int16_t column);
 
+// A box's text read back as a number, times `factor`, as the Single a sheet writes: a number beyond a Single's
+// range is error 6.
+float BoxNumber(const std::string& text, double factor = 1.0);
+
 // A case file's name up to its first "." (the whole name when the "." stands first or there is none), trimmed.
 std::string CaseStem(std::string_view file_name);
 

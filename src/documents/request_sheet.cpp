@@ -8,8 +8,6 @@
 
 namespace kestrane {
 
-float BoxNumber(const std::string& text) { return CSng(Val(text)); }
-
 void PlaceMainInput(RequestLines& sheet, size_t units_line, bool metric, std::span<const std::string> standard,
                     std::span<const std::string> metric_boxes, float last_spec) {
   PlaceInField(-1, sheet(units_line), metric ? "Metric" : "Standard", 17);

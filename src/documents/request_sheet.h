@@ -30,9 +30,6 @@ struct RequestLines {
   std::vector<std::string> lines;
 };
 
-// A box's text read back as a number.
-float BoxNumber(const std::string& text);
-
 // The unit word ("Standard" or "Metric") on `units_line`, and below it a line for each main input box: the standard
 // and the metric box read back as numbers, ending at columns 50 and 69, by FormatFixed 12.2, the last row by
 // `last_spec`.

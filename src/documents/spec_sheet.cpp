@@ -5,6 +5,7 @@
 
 #include "documents/page_frame.h"
 #include "engine/results.h"
+#include "properties/arrays.h"
 #include "properties/numeric.h"
 #include "properties/unit_factors.h"
 #include "pump/pump_selection.h"
@@ -84,6 +85,8 @@ struct LoadSums {
   float NC = 0, NCMOL = 0, CV = 0, CVMOL = 0, ST = 0, STMOL = 0;
 };
 
+// A zero molecular weight, like a zero sum of moles under a load sum, is the run-time fault (division by zero)
+// it always was, not an infinite number on the sheet.
 LoadSums SumLoads(const DesignCase& dc) {
   LoadSums s;
   for (int load = 1; load <= dc.NLOADS; ++load) {
@@ -91,14 +94,14 @@ LoadSums SumLoads(const DesignCase& dc) {
     const bool counted = m > 9.9999997e-05f;
     if (!(dc.LOADS(kLoadVPC1, load) > 0) && !(dc.LOADS(kLoadVPC2, load) > 0) && !(dc.LOADS(kLoadVPAC, load) > 0)) {
       s.NC += m;
-      if (counted) s.NCMOL += m / mw;
+      if (counted) s.NCMOL += Divide(m, mw);
       continue;
     }
     s.CV += m;
-    if (counted) s.CVMOL += m / mw;
+    if (counted) s.CVMOL += Divide(m, mw);
     if (CInt(mw) == 18) {
       s.ST += m;
-      if (counted) s.STMOL += m / mw;
+      if (counted) s.STMOL += Divide(m, mw);
     }
   }
   s.CV -= s.ST;
@@ -107,7 +110,8 @@ LoadSums SumLoads(const DesignCase& dc) {
 }
 
 void Head(Sheet& sheet, const DesignContext& ctx, const std::string& case_file_name, const std::string& date_text) {
-  static const char* const kCounts[] = {"", "One  ", "Two  ", "Three", "Four ", "Five "};
+  // A count beyond five is the subscript fault the handler tells.
+  static const Array1D<std::string_view> kCounts(1, {"One  ", "Two  ", "Three", "Four ", "Five "});
   const InputScreen& screen = ctx.screen;
   const DesignCase& dc = ctx.dc;
   PlaceInField(-1, Line(sheet, 6), Trim(screen.txtHeadingInput[0]), 17);
@@ -116,7 +120,7 @@ void Head(Sheet& sheet, const DesignContext& ctx, const std::string& case_file_n
   PlaceInField(-1, Line(sheet, 8), Trim(screen.txtHeadingInput[1]), 17);
   PlaceInField(-1, Line(sheet, 8), CaseStem(case_file_name), 61);
   std::string title = dc.PRECOND != 0 ? "Precondenser and " : "";
-  if (dc.NSTAGES > 0 && dc.NSTAGES <= 5) title += Trim(kCounts[dc.NSTAGES]);
+  if (dc.NSTAGES > 0) title += Trim(kCounts(dc.NSTAGES));
   PlaceInField(0, Line(sheet, 10), title + " Stage Vacuum System Performance", 38);
 }
 
@@ -136,16 +140,16 @@ void Performance(Sheet& sheet, const DesignContext& ctx, const LoadSums& sums, b
   std::string& l15 = Line(sheet, 15);
   if (sums.NC > 0) {
     PlaceNumber(l15, Shown(Quantity::kFlow, sums.NC, metric), 12.1f, 1, 30);
-    PlaceNumber(l15, sums.NC / sums.NCMOL, 12.1f, 1, 41);
+    PlaceNumber(l15, Divide(sums.NC, sums.NCMOL), 12.1f, 1, 41);
   }
   PlaceNumber(l15, Shown(Quantity::kTemperature, dc.TMOTIVE, metric), 12.1f, 1, 65);
 
   std::string& l16 = Line(sheet, 16);
   if (sums.CV > 0) {
     PlaceNumber(l16, Shown(Quantity::kFlow, sums.CV, metric), 12.1f, 1, 30);
-    PlaceNumber(l16, sums.CV / sums.CVMOL, 12.1f, 1, 41);
+    PlaceNumber(l16, Divide(sums.CV, sums.CVMOL), 12.1f, 1, 41);
   }
-  const float water = static_cast<float>(Val(ctx.screen.txtInput[5]));
+  const float water = BoxNumber(ctx.screen.txtInput[5]);
   if (water > 0) PlaceNumber(l16, Shown(Quantity::kTemperature, water, metric), 12.1f, 1, 65);
 
   std::string& l17 = Line(sheet, 17);
@@ -167,7 +171,7 @@ void Performance(Sheet& sheet, const DesignContext& ctx, const LoadSums& sums, b
 }
 
 void Ejectors(Sheet& sheet, const DesignContext& ctx) {
-  static const char* const kOrdinals[] = {"", "1st   ", "2nd   ", "3rd   ", "4th   ", "5th   "};
+  static const Array1D<std::string_view> kOrdinals(1, {"1st   ", "2nd   ", "3rd   ", "4th   ", "5th   "});
   const int nstages = ctx.dc.NSTAGES;
   // Stages 4 and 5 share the template on line 19; the fifth's fields stand on the rule above it, as they always did.
   struct StageLine {
@@ -178,7 +182,7 @@ void Ejectors(Sheet& sheet, const DesignContext& ctx) {
     if (s.stage >= 4) Line(sheet, 19) = TemplateLine(kStageLine, kWidth);
     std::string& line = Line(sheet, s.line);
     PlaceInField(-1, line, "(1)-100%", 4);
-    PlaceInField(-1, line, kOrdinals[nstages - s.stage + 1], 14);
+    PlaceInField(-1, line, std::string(kOrdinals(nstages - s.stage + 1)), 14);
     PlaceInField(0, line, EjectorModel(ctx, s.stage), 60);
   }
 }
@@ -234,7 +238,7 @@ bool Condensers(Sheet& sheet, const DesignContext& ctx, bool metric) {
 // condenser.
 void CondenserMaterials(Sheet& sheet, const DesignContext& ctx, bool barometric, bool metric) {
   const InputScreen& screen = ctx.screen;
-  const auto design = [&screen](size_t k) { return static_cast<float>(Val(screen.txtDesign[k])); };
+  const auto design = [&screen](size_t k, double factor = 1.0) { return BoxNumber(screen.txtDesign[k], factor); };
   const auto pressure = [metric](float psig) { return Shown(Quantity::kPressurePsig, psig, metric); };
   // A design temperature of 0 reads 0.0 in degC as well.
   const auto temperature = [metric](float f) { return f == 0 ? 0.0f : Shown(Quantity::kTemperature, f, metric); };
@@ -246,7 +250,7 @@ void CondenserMaterials(Sheet& sheet, const DesignContext& ctx, bool barometric,
   PlaceInField(1, l42, std::string(ListText(screen, kProcessSideMaterial)), 29);
   PlaceNumber(l42, pressure(design(2)), 7.1f, 1, 56);
   PlaceInField(1, l43, barometric ? "NA" : std::string(ListText(screen, kTubeSheetMaterial)), 29);
-  PlaceNumber(l43, pressure(design(2) * 1.5f), 7.1f, 1, 56);
+  PlaceNumber(l43, pressure(design(2, 1.5)), 7.1f, 1, 56);
   PlaceInField(1, l44, std::string(ListText(screen, kWaterSideMaterial)), 29);
   PlaceNumber(l44, temperature(design(3)), 7.1f, 1, 56);
   PlaceInField(1, l45, barometric ? "NA" : std::string(ListText(screen, kTubeMaterial)), 29);
@@ -256,8 +260,9 @@ void CondenserMaterials(Sheet& sheet, const DesignContext& ctx, bool barometric,
     PlaceInField(1, l45, "NA          ", 62);
     PlaceInField(-1, Line(sheet, 46), "Nozzle(s)", 12);
   } else {
-    PlaceNumber(l42, pressure(design(0)), 7.1f, 1, 65);
-    PlaceNumber(l43, pressure(design(0) * 1.5f), 7.1f, 1, 65);
+    // The water side's pressures stand in psig in both units.
+    PlaceNumber(l42, design(0), 7.1f, 1, 65);
+    PlaceNumber(l43, design(0, 1.5), 7.1f, 1, 65);
     PlaceNumber(l44, temperature(design(1)), 7.1f, 1, 65);
     PlaceNumber(l45, ctx.dc.CNDOPT(kCndOptTubeOD), 12.3f, 1, 48);
     PlaceNumber(l45, ctx.dc.CNDOPT(kCndOptBWG), 12.0f, 1, 62);
