@@ -57,7 +57,7 @@ TEST_F(DrawingCommand, RendersTheTestSheetInEachForm) {
 
 TEST_F(DrawingCommand, PlaceholdersAreFilledByKey) {
   ASSERT_EQ(Render(sheet, "png", dir / "plain.png", "--width 800 --height 600").exit_code, 0);
-  ASSERT_EQ(Render(sheet, "png", dir / "filled.png", "--width 800 --height 600 --set 'A?=3'\"'\"'-2 5/8\"' --set SUCTION?=6\"").exit_code, 0);
+  ASSERT_EQ(Render(sheet, "png", dir / "filled.png", "--width 800 --height 600 --set 'A?=3-2 5/8' --set 'SUCTION?=6 IN'").exit_code, 0);
   EXPECT_NE(ReadBytes(dir / "plain.png"), ReadBytes(dir / "filled.png"));
   // A key that names no row changes nothing.
   ASSERT_EQ(Render(sheet, "png", dir / "same.png", "--width 800 --height 600 --set NOSUCHKEY?=1").exit_code, 0);

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "drawing_support.h"
-#include "drawings/list_input.h"
+#include "properties/list_input.h"
 
 namespace kestrane {
 namespace {

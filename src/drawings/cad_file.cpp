@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "drawings/drawing.h"
-#include "drawings/list_input.h"
+#include "properties/list_input.h"
 #include "properties/vb.h"
 #include "properties/vb_file.h"
 

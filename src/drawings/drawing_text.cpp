@@ -1,6 +1,6 @@
 // Placeholders of a drawing filled with values, and the tables emptied for a drawing built by program.
 #include "drawings/drawing.h"
-#include "drawings/list_input.h"
+#include "properties/list_input.h"
 
 namespace kestrane {
 

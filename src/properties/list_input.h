@@ -1,4 +1,4 @@
-// Free-format reading of the drawing files: values separated by commas or line ends, and whole lines.
+// Free-format reading of list files (drawings, the stroke font): values separated by commas or line ends, and whole lines.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // Free-format reading of the drawing files: values separated by commas or line ends, and whole lines.
-#include "drawings/list_input.h"
+#include "properties/list_input.h"
 
 #include <cmath>
 
