@@ -94,27 +94,31 @@ void AddCentreLine(Drawing& d, float x1, float y1, float x2, float y2, float ove
   AddLine(d, x1 - dx, y1 - dy, x2 + dx, y2 + dy, 3);
 }
 
-void AddFlange(Drawing& d, float x, float y, float width, float thick, float angle) {
-  // Corners of the plate: across the face (angle + 90) and through its thickness (angle).
+namespace {
+
+// A band from (x, y) along `angle` for `length`, `width` across: its two long sides, and its ends when `closed`.
+void AddBand(Drawing& d, float x, float y, float angle, float width, float length, bool closed) {
   float ax, ay, bx, by, cx, cy, ex, ey;
   Along(x, y, angle + 90, width / 2, ax, ay);
   Along(x, y, angle - 90, width / 2, bx, by);
-  Along(ax, ay, angle, thick, cx, cy);
-  Along(bx, by, angle, thick, ex, ey);
-  AddLine(d, ax, ay, bx, by, 1);
+  Along(ax, ay, angle, length, cx, cy);
+  Along(bx, by, angle, length, ex, ey);
+  AddLine(d, ax, ay, cx, cy, 1);
   AddLine(d, bx, by, ex, ey, 1);
-  AddLine(d, ex, ey, cx, cy, 1);
-  AddLine(d, cx, cy, ax, ay, 1);
+  if (!closed) return;
+  AddLine(d, ax, ay, bx, by, 1);
+  AddLine(d, cx, cy, ex, ey, 1);
+}
+
+}  // namespace
+
+void AddFlange(Drawing& d, float x, float y, float width, float thick, float angle) {
+  AddBand(d, x, y, angle, width, thick, true);
 }
 
 void AddNozzle(Drawing& d, float x, float y, float angle, float length, float bore, const std::string& name) {
-  float sx1, sy1, sx2, sy2, ex1, ey1, ex2, ey2, fx, fy, tx, ty;
-  Along(x, y, angle + 90, bore / 2, sx1, sy1);
-  Along(x, y, angle - 90, bore / 2, sx2, sy2);
-  Along(sx1, sy1, angle, length, ex1, ey1);
-  Along(sx2, sy2, angle, length, ex2, ey2);
-  AddLine(d, sx1, sy1, ex1, ey1, 1);
-  AddLine(d, sx2, sy2, ex2, ey2, 1);
+  float fx, fy, tx, ty;
+  AddBand(d, x, y, angle, bore, length, false);
   Along(x, y, angle, length, fx, fy);
   const float thick = 0.12f;
   AddFlange(d, fx, fy, bore * 1.8f, thick, angle);
