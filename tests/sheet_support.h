@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "documents/page_sink.h"
+#include "shell/page_sink.h"
 
 namespace kestrane::testing {
 

@@ -7,7 +7,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "documents/page_sink.h"
+#include "shell/page_sink.h"
 #include "documents/print_commands.h"
 #include "shell/ui.h"
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "documents/page_sink.h"
+#include "shell/page_sink.h"
 
 class QPdfWriter;
 

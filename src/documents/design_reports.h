@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "documents/page_sink.h"
+#include "shell/page_sink.h"
 #include "documents/print_commands.h"
 #include "engine/design_context.h"
 #include "thermo/tc_input.h"

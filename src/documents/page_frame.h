@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "documents/page_sink.h"
+#include "shell/page_sink.h"
 #include "properties/vb.h"
 
 namespace kestrane {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "documents/page_sink.h"
+#include "shell/page_sink.h"
 #include "engine/design_context.h"
 
 namespace kestrane {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "documents/page_sink.h"
+#include "shell/page_sink.h"
 #include "shell/user_info.h"
 #include "thermo/tc_input.h"
 

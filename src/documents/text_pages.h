@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "documents/page_sink.h"
+#include "shell/page_sink.h"
 
 namespace kestrane {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "calculators/nupreir.h"
-#include "documents/page_sink.h"
+#include "shell/page_sink.h"
 
 namespace kestrane {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "drawings/surface.h"
+#include "shell/drawing_surface.h"
 #include "properties/stroke_font.h"
 #include "properties/vb.h"
 #include "shell/ui.h"

@@ -1,4 +1,4 @@
-// The fixed tables of the drawing engine: sheet sizes, pens and the 16-colour palette.
+// The fixed tables of the drawing engine: sheet sizes and pens.
 #include "drawings/drawing.h"
 
 namespace kestrane {
@@ -24,14 +24,5 @@ const std::array<Pen, 9> kPens = {{{0, kStyleSolid},
                                    {11, kStyleDot},
                                    {13, kStyleDashDotDot},
                                    {9, kStyleSolid}}};
-
-SurfaceColour QBColor(int n) {
-  // 0x00BBGGRR: black, blue, green, cyan, red, magenta, brown, light grey, then the light forms.
-  static constexpr std::array<SurfaceColour, 16> kPalette = {
-      0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080, 0xC0C0C0,
-      0x808080, 0xFF0000, 0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
-  if (n < 0 || n > 15) throw VbError(5);
-  return kPalette[static_cast<size_t>(n)];
-}
 
 }  // namespace kestrane

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "shell/drawing_surface.h"
+
 namespace kestrane {
 
 // The report font: fixed pitch, sizes 8, 10 and 12 points.
@@ -53,6 +55,10 @@ class PageSink {
 
   // Pages sent so far.
   int pages() const { return pages_; }
+
+  // Where drawings print on the present page, in the user scale that the caller sets on it; none on a sink that
+  // prints text only.
+  virtual DrawingSurface* DrawingTarget() { return nullptr; }
 
  protected:
   // One line of text with its upper left corner at (x, y) twips.

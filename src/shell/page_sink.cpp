@@ -1,5 +1,5 @@
 // The printer's current position, line advance and page ends.
-#include "documents/page_sink.h"
+#include "shell/page_sink.h"
 
 #include <algorithm>
 
