@@ -129,6 +129,9 @@ void SetDrawingText(Drawing& d, const std::string& key, const std::string& value
 // Empties the six entity tables.
 void ClearDrawing(Drawing& d);
 
+// The width and height of the drawing's sheet in drawing units (DrawScale times the sheet's inches).
+SheetSize ScaledSheet(const Drawing& d);
+
 // The view.
 void ApplyView(Drawing& d);
 void ZoomFit(Drawing& d);

@@ -78,9 +78,8 @@ void DrawAll(Drawing& d) {
   t.Cls();
   t.DrawStyle = kStyleSolid;
   t.DrawMode = 13;
-  if (d.SheetNo < 1 || d.SheetNo > 10) throw VbError(9);
-  const SheetSize& sheet = kSheets[static_cast<size_t>(d.SheetNo)];
-  t.Box(0, 0, d.DrawScale * sheet.width, d.DrawScale * sheet.height, QBColor(7));
+  const SheetSize sheet = ScaledSheet(d);
+  t.Box(0, 0, sheet.width, sheet.height, QBColor(7));
   DrawRows(d, d.Lines, DrawLine) && DrawRows(d, d.Arcs, DrawArc) && DrawRows(d, d.Texts, DrawTextEntity) &&
       DrawRows(d, d.Leaders, DrawLeader) && DrawRows(d, d.Dimensions, DrawDimension) &&
       DrawRows(d, d.Angles, DrawAngleDimension);
@@ -88,9 +87,8 @@ void DrawAll(Drawing& d) {
 
 void PrintAll(Drawing& d) {
   DrawingSurface& t = *d.Target;
-  if (d.SheetNo < 1 || d.SheetNo > 10) throw VbError(9);
-  const SheetSize& sheet = kSheets[static_cast<size_t>(d.SheetNo)];
-  t.Box(0, 0, d.DrawScale * sheet.width, d.DrawScale * sheet.height, QBColor(0));
+  const SheetSize sheet = ScaledSheet(d);
+  t.Box(0, 0, sheet.width, sheet.height, QBColor(0));
   // Lines and arcs in their pen's number as palette colour, pen 1 (white on screen) as 2; the rest in 2.
   const auto pen_colour = [](int16_t pen) { return static_cast<int16_t>(pen == 1 ? 2 : pen); };
   for (int i = 1; i <= d.Lines.count; ++i) DrawLine(d, i, pen_colour(d.Lines(i).pen), 0);

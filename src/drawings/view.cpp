@@ -7,13 +7,6 @@ namespace kestrane {
 
 namespace {
 
-// The width and height of the sheet in drawing units.
-SheetSize ScaledSheet(const Drawing& d) {
-  if (d.SheetNo < 1 || d.SheetNo > 10) throw VbError(9);
-  const SheetSize& s = kSheets[static_cast<size_t>(d.SheetNo)];
-  return {d.DrawScale * s.width, d.DrawScale * s.height};
-}
-
 // The smaller and the larger of the two requested ends of one side.
 void FitSide(float req1, float req2, float& low, float& high) {
   low = std::min(req1, req2);
@@ -21,6 +14,12 @@ void FitSide(float req1, float req2, float& low, float& high) {
 }
 
 }  // namespace
+
+SheetSize ScaledSheet(const Drawing& d) {
+  if (d.SheetNo < 1 || d.SheetNo > 10) throw VbError(9);
+  const SheetSize& s = kSheets[static_cast<size_t>(d.SheetNo)];
+  return {d.DrawScale * s.width, d.DrawScale * s.height};
+}
 
 void ApplyView(Drawing& d) {
   DrawingSurface& t = *d.Target;

@@ -16,6 +16,12 @@ inline constexpr int kPumps = 89;
 inline constexpr int kCurvePoints = 25;
 inline constexpr std::string_view kPumpFile = "VPX.DTA";
 
+// The pump's outline dimensions on its drawing, inches. VPX.DTA carries none, so they stand at 0 until a source
+// of the pumps' outlines fills them.
+struct PumpOutline {
+  float A = 0, C = 0, W = 0, SLC = 0;
+};
+
 struct PumpRecord {
   std::string MODEL;  // 12 characters, blank padded
   float rated = 0;    // second catalogue value, carried
@@ -29,6 +35,7 @@ struct PumpRecord {
   std::array<float, 4> SEALGPM{};  // 1..3
   float PMAXBHP = 0;
   Array2D<float> PCURVE{kCurvePoints, 4};  // suction mmHgA, capacity, spare, brake power (row 1)
+  PumpOutline outline;
 };
 
 // The fixed correction tables: T(row, column), column 1 vacuum inHg, 2..5 the four discharge points.
