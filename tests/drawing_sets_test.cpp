@@ -26,8 +26,9 @@ using testing::At;
 using testing::kExampleCases;
 using testing::kSheetDate;
 
-const std::vector<std::string> kKeys = {"A?",  "B?",  "C?",  "D?",  "E?",  "F?",  "G?",  "SUCTION?", "DISCHARGE?", "MOTIVE?",
-                                        "NPT", "DESCRIPTION?", "VI?", "VO?", "WI?", "WO?", "CO?", "W?", "SLC?"};
+const std::vector<std::string> kKeys = {
+    "A?", "B?", "C?", "D?", "E?", "F?", "G?", "SUCTION?", "DISCHARGE?", "MOTIVE?",
+    "NPT", "DESCRIPTION?", "VI?", "VO?", "WI?", "WO?", "CO?", "W?", "SLC?"};
 const char* const kDrawingFiles[] = {"NJET.CAD",  "NBARO.CAD", "NLRVP.CAD", "VAEL.CAD",  "VAEM.CAD",  "VBEL.CAD",
                                      "VBEM.CAD",  "NAELO.CAD", "NAEMO.CAD", "NBELO.CAD", "NBEMO.CAD", "NAELE.CAD",
                                      "NAEME.CAD", "NBELE.CAD", "NBEME.CAD"};
