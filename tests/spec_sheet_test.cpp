@@ -13,6 +13,7 @@
 #include "engine/results.h"
 #include "properties/text_codec.h"
 #include "pump/pump_selection.h"
+#include "design_support.h"
 #include "test_support.h"
 
 using namespace kestrane;
@@ -20,7 +21,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const fs::path kExamples = fs::path(KESTRANE_SOURCE_DIR) / "usrfiles";
 const char* const kDesignedExamples[] = {
     "AUTOMATIC-SURFACE.JET",          "FOUR-STAGE-SURFACE.JET",    "LRVP-ONLY-50HZ.JET",     "METRIC-TWO-STAGE.JET",
     "ONE-STAGE-NO-CONDENSERS.JET",    "SOLVENT-LOADS-THREE-STAGE.JET", "THREE-STAGE-DIRECT-CONTACT.JET",
@@ -99,20 +99,11 @@ const UnitWord kUnitWords[] = {{13, 67, "mmHgA", " KPaA"}, {14, 32, "degF", "deg
                                {15, 68, "degF", "degC"},   {17, 32, "#/hr", "kg/h"}, {17, 67, "mmHgA", " KPaA"},
                                {53, 29, "#/hr", "kg/h"},   {53, 48, " gpm", "M3/h"}};
 
-class SpecSheet : public ::testing::Test {
+class SpecSheet : public kestrane::testing::ExampleDesign {
  protected:
-  SpecSheet() : screen(NewCase()), ctx{dc, kestrane::testing::ShippedData(), screen, pinterfix, ui} {}
-
   // Designs an example as its file has it; `metric` then picks the units of the sheet.
   void Design(const std::string& file, bool metric) {
-    dc = DesignCase();
-    InputScreen read = NewCase();
-    RecordingUi read_ui;
-    ASSERT_TRUE(OpenCase(kExamples / file, read, read_ui));
-    screen = read;
-    const DesignOutcome outcome = RunDesign(ctx, screen);
-    ASSERT_EQ(outcome.input_error, 0);
-    ASSERT_TRUE(outcome.results);
+    DesignExample(file);
     SelectOption(screen, screen.OptionUnits, metric ? 1 : 0);
   }
   std::vector<std::string> Sheet() { return SpecSheetLines(ctx, screen.CASENAME, kDate); }
@@ -122,12 +113,6 @@ class SpecSheet : public ::testing::Test {
     EXPECT_TRUE(Sheet().empty());
     EXPECT_EQ(ui.notices, std::vector<std::string>{notice});
   }
-
-  RecordingUi ui;
-  DesignCase dc;
-  InputScreen screen;
-  float pinterfix = 0;
-  DesignContext ctx;
 };
 
 // --- Every example -------------------------------------------------------------------

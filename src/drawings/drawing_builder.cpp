@@ -136,16 +136,173 @@ void AddNote(Drawing& d, float x, float y, float to_x, float to_y, const std::st
   AddLeader(d, x + (to_x < x ? -0.05f : 0.05f), y + 0.09f, to_x, to_y, true);
 }
 
+void AddSheetBorder(Drawing& d) {
+  const SheetSize sheet = kSheets.at(static_cast<size_t>(d.SheetNo));
+  AddBox(d, 0.15f, 0.15f, sheet.width * d.DrawScale - 0.15f, sheet.height * d.DrawScale - 0.15f);
+}
+
 void AddTitleBlock(Drawing& d, const std::string& maker, const std::string& description) {
   const SheetSize sheet = kSheets.at(static_cast<size_t>(d.SheetNo));
   const float right = sheet.width * d.DrawScale, left = right - 4.0f, top = 1.2f;
-  AddBox(d, 0.15f, 0.15f, right - 0.15f, sheet.height * d.DrawScale - 0.15f);
+  AddSheetBorder(d);
   AddBox(d, left, 0.15f, right - 0.15f, top);
   AddLine(d, left, 0.8f, right - 0.15f, 0.8f, 1);
   AddLine(d, left, 0.45f, right - 0.15f, 0.45f, 1);
   AddText(d, (left + right - 0.15f) / 2, 1.0f, 0.14f, 5, maker);
   AddText(d, (left + right - 0.15f) / 2, 0.625f, 0.1f, 5, description);
   AddText(d, left + 0.1f, 0.3f, 0.07f, 4, "PRELIMINARY - NOT FOR CONSTRUCTION");
+}
+
+void AddDiagramTitleBlock(Drawing& d, const std::string& maker, const std::string& title, const std::string& item,
+                          const std::string& description) {
+  const SheetSize sheet = kSheets.at(static_cast<size_t>(d.SheetNo));
+  const float right = sheet.width * d.DrawScale - 0.15f, left = right - 4.0f, middle = (left + right) / 2;
+  AddSheetBorder(d);
+  AddBox(d, left, 0.15f, right, 1.35f);
+  for (float y : {1.05f, 0.75f, 0.45f}) AddLine(d, left, y, right, y, 1);
+  AddText(d, middle, 1.2f, 0.12f, 5, maker);
+  AddText(d, middle, 0.9f, 0.12f, 5, title);
+  AddText(d, left + 0.1f, 0.6f, 0.09f, 2, "ITEM: " + item);
+  // The description as far as it fits, a stroked character being a little wider than the text is high.
+  const float height = 0.09f;
+  const auto fits = static_cast<size_t>((right - left - 0.2f) / (1.1f * height));
+  AddText(d, left + 0.1f, 0.3f, height, 2, description.substr(0, fits));
+}
+
+namespace {
+
+// An arc of `chords` straight lines from a0 to a1 degrees, counter-clockwise: lines print black where arcs keep
+// their pen's colour.
+void AddChords(Drawing& d, float cx, float cy, float radius, float a0, float a1, int chords, int16_t layer) {
+  float px, py;
+  Along(cx, cy, a0, radius, px, py);
+  for (int i = 1; i <= chords; ++i) {
+    float nx, ny;
+    Along(cx, cy, a0 + (a1 - a0) * static_cast<float>(i) / static_cast<float>(chords), radius, nx, ny);
+    AddLine(d, px, py, nx, ny, 1, layer);
+    px = nx;
+    py = ny;
+  }
+}
+
+}  // namespace
+
+void AddEjectorSymbol(Drawing& d, float x, float y, float length, float height, int16_t layer) {
+  const float l = length / 2, h = height / 2;
+  const float chamber = x - 0.2f * length, throat_in = x + 0.05f * length, throat_out = x + 0.15f * length;
+  const float nozzle = x - 0.35f * length, throat = h / 3;
+  // The suction chamber, open at its right side to the diffuser.
+  AddLine(d, x - l, y - h, x - l, y + h, 1, layer);
+  AddLine(d, x - l, y + h, chamber, y + h, 1, layer);
+  AddLine(d, x - l, y - h, chamber, y - h, 1, layer);
+  for (float side : {1.0f, -1.0f}) {
+    AddLine(d, chamber, y + side * h, throat_in, y + side * throat, 1, layer);
+    AddLine(d, throat_in, y + side * throat, throat_out, y + side * throat, 1, layer);
+    AddLine(d, throat_out, y + side * throat, x + l, y + side * h * 0.7f, 1, layer);
+  }
+  AddLine(d, x + l, y - h * 0.7f, x + l, y + h * 0.7f, 1, layer);
+  // The motive nozzle: down from the steam inlet, then a cone pointing into the diffuser.
+  AddLine(d, nozzle, y + h, nozzle, y + throat, 1, layer);
+  AddLine(d, nozzle, y + throat, chamber - 0.02f, y, 1, layer);
+  AddLine(d, nozzle - 0.04f, y + h, nozzle - 0.04f, y - throat, 1, layer);
+  AddLine(d, nozzle - 0.04f, y - throat, chamber - 0.02f, y, 1, layer);
+}
+
+void AddSurfaceCondenserSymbol(Drawing& d, float x, float y, float length, float diameter, int16_t layer) {
+  const float r = diameter / 2, sheet = length / 2 - r;
+  AddLine(d, x - sheet, y + r, x + sheet, y + r, 1, layer);
+  AddLine(d, x - sheet, y - r, x + sheet, y - r, 1, layer);
+  AddChords(d, x - sheet, y, r, 90, 270, 12, layer);
+  AddChords(d, x + sheet, y, r, -90, 90, 12, layer);
+  AddLine(d, x - sheet, y - r, x - sheet, y + r, 1, layer);
+  AddLine(d, x + sheet, y - r, x + sheet, y + r, 1, layer);
+  // The tube bundle from head to head.
+  constexpr int kBends = 6;
+  const float step = (2 * sheet + 2 * r) / kBends;
+  float px = x - sheet - r, py = y;
+  for (int i = 1; i <= kBends; ++i) {
+    const float nx = x - sheet - r + i * step;
+    const float ny = i == kBends ? y : y + ((i % 2 == 1) ? r / 2 : -r / 2);
+    AddLine(d, px, py, nx, ny, 1, layer);
+    px = nx;
+    py = ny;
+  }
+}
+
+void AddBarometricCondenserSymbol(Drawing& d, float x, float y, float width, float height, int16_t layer) {
+  const float w = width / 2, top = y + height / 2, bottom = y - height / 2, cone = bottom + 0.2f * height;
+  AddLine(d, x - w, cone, x - w, top, 1, layer);
+  AddLine(d, x + w, cone, x + w, top, 1, layer);
+  AddLine(d, x - w, top, x + w, top, 1, layer);
+  AddLine(d, x - w, cone, x - w / 5, bottom, 1, layer);
+  AddLine(d, x + w, cone, x + w / 5, bottom, 1, layer);
+  // Cascade trays from alternate walls.
+  for (int i = 0; i < 3; ++i) {
+    const float side = i % 2 == 0 ? -1.0f : 1.0f, ty = top - (0.3f + 0.17f * i) * height;
+    AddLine(d, x + side * w, ty, x - side * w * 0.3f, ty, 1, layer);
+  }
+}
+
+void AddLiquidRingPumpSymbol(Drawing& d, float x, float y, float radius, int16_t layer) {
+  AddChords(d, x, y, radius, 0, 360, 32, layer);
+  // The rotor sits high in the casing: the ring of liquid is thickest below it.
+  const float rotor = 0.55f * radius, ry = y + 0.25f * radius;
+  AddChords(d, x, ry, rotor, 0, 360, 24, layer);
+  AddChords(d, x, ry, 0.15f * radius, 0, 360, 12, layer);
+  for (int i = 0; i < 6; ++i) {
+    float x1, y1, x2, y2;
+    Along(x, ry, 60.0f * i, 0.15f * radius, x1, y1);
+    Along(x, ry, 60.0f * i, rotor, x2, y2);
+    AddLine(d, x1, y1, x2, y2, 1, layer);
+  }
+}
+
+void AddStreamArrow(Drawing& d, const std::vector<DrawingPoint>& points) {
+  for (size_t i = 1; i < points.size(); ++i) {
+    AddLine(d, points[i - 1].first, points[i - 1].second, points[i].first, points[i].second, 1);
+  }
+  if (points.size() < 2) return;
+  const auto [tx, ty] = points.back();
+  const auto [fx, fy] = points[points.size() - 2];
+  const auto back = static_cast<float>(std::atan2(fy - ty, fx - tx) / kRadiansPerDegree);
+  float ax, ay, bx, by;
+  Along(tx, ty, back + 20, 0.12f, ax, ay);
+  Along(tx, ty, back - 20, 0.12f, bx, by);
+  AddLine(d, tx, ty, ax, ay, 1);
+  AddLine(d, ax, ay, bx, by, 1);
+  AddLine(d, bx, by, tx, ty, 1);
+}
+
+namespace {
+
+constexpr float kLabelMargin = 0.05f;  // between a label's text and its box
+
+// The text's justification for a label's alignment: left, centre or right on the first line's base.
+int16_t LabelJustify(int16_t align) { return static_cast<int16_t>((align - 1) / 3 * 3 + 1); }
+
+// How far a label's text is moved up from y = 0 to stand where its alignment puts its box.
+float LabelLift(const Drawing& d, float y, int16_t align, float height, const std::string& text) {
+  const TextBoxResult box = TextBox(d, 0, 0, height, LabelJustify(align), 0, 500, text);
+  const float top = box.y[2] + kLabelMargin, bottom = box.y[0] - kLabelMargin;
+  switch ((align - 1) % 3) {
+    case 0: return y - bottom;
+    case 1: return y - (top + bottom) / 2;
+    default: return y - top;
+  }
+}
+
+}  // namespace
+
+LabelBox StreamLabelBox(const Drawing& d, float x, float y, int16_t align, float height, const std::string& text) {
+  const float lift = LabelLift(d, y, align, height, text);
+  const TextBoxResult box = TextBox(d, x, lift, height, LabelJustify(align), 0, 500, text);
+  return {box.x[0] - kLabelMargin, box.y[0] - kLabelMargin, box.x[1] + kLabelMargin, box.y[2] + kLabelMargin};
+}
+
+void AddStreamLabel(Drawing& d, float x, float y, int16_t align, float height, const std::string& text) {
+  const LabelBox b = StreamLabelBox(d, x, y, align, height, text);
+  AddText(d, x, LabelLift(d, y, align, height, text), height, LabelJustify(align), text);
+  AddBox(d, b.x1, b.y1, b.x2, b.y2, 1);
 }
 
 }  // namespace kestrane

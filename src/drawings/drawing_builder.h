@@ -4,6 +4,8 @@
 #pragma once
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "drawings/drawing.h"
 
@@ -38,5 +40,39 @@ void AddNozzle(Drawing& d, float x, float y, float angle, float length, float bo
 void AddNote(Drawing& d, float x, float y, float to_x, float to_y, const std::string& text);
 // The title block in the sheet's lower right corner: the maker, the drawing's description, sheet and scale.
 void AddTitleBlock(Drawing& d, const std::string& maker, const std::string& description);
+// The border 0.15 in. inside the sheet's edge.
+void AddSheetBorder(Drawing& d);
+// A process flow diagram's title block in the sheet's lower right corner: the maker, the title, the item and the
+// description, one row each, the description cut to the block's width.
+void AddDiagramTitleBlock(Drawing& d, const std::string& maker, const std::string& title, const std::string& item,
+                          const std::string& description);
+
+// Symbols of a process flow diagram, each about its centre (x, y), on `layer`.
+// An ejector lying along the flow, `length` long: the suction chamber at the left end with the motive nozzle in
+// it (the motive enters from the top, 0.35 length left of the centre), the converging diffuser, the throat and
+// the diverging diffuser to the discharge at the right end.
+void AddEjectorSymbol(Drawing& d, float x, float y, float length, float height, int16_t layer);
+// A horizontal shell and tube condenser, `length` over its rounded heads: the shell, the tube sheets and the tube
+// bundle as a zigzag from head to head.
+void AddSurfaceCondenserSymbol(Drawing& d, float x, float y, float length, float diameter, int16_t layer);
+// A vertical barometric condenser, `height` from the top to the tail leg's start at the bottom of its cone: the
+// shell with three cascade trays.
+void AddBarometricCondenserSymbol(Drawing& d, float x, float y, float width, float height, int16_t layer);
+// A liquid ring pump: its casing, the eccentric rotor and six vanes.
+void AddLiquidRingPumpSymbol(Drawing& d, float x, float y, float radius, int16_t layer);
+
+// A stream through the points, its arrowhead at the last one.
+using DrawingPoint = std::pair<float, float>;
+void AddStreamArrow(Drawing& d, const std::vector<DrawingPoint>& points);
+
+// The box round a text of lines joined by "||": `align` 1 to 9 places the box as a text's justification places
+// the text, left to right by thirds (1..3 left), and by 1, 4, 7 its bottom, 2, 5, 8 its middle, 3, 6, 9 its top
+// at y.
+struct LabelBox {
+  float x1, y1, x2, y2;
+};
+LabelBox StreamLabelBox(const Drawing& d, float x, float y, int16_t align, float height, const std::string& text);
+// A stream label: the text in its box, placed as StreamLabelBox places it.
+void AddStreamLabel(Drawing& d, float x, float y, int16_t align, float height, const std::string& text);
 
 }  // namespace kestrane
