@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "properties/vb.h"
 
@@ -116,24 +117,28 @@ void AddFlange(Drawing& d, float x, float y, float width, float thick, float ang
   AddBand(d, x, y, angle, width, thick, true);
 }
 
-void AddNozzle(Drawing& d, float x, float y, float angle, float length, float bore, const std::string& name) {
+void AddNozzle(Drawing& d, float x, float y, float angle, float length, float bore, const std::string& name,
+               const std::string& service) {
   float fx, fy, tx, ty;
   AddBand(d, x, y, angle, bore, length, false);
   Along(x, y, angle, length, fx, fy);
   const float thick = 0.12f;
   AddFlange(d, fx, fy, bore * 1.8f, thick, angle);
+  // The centre line stops short of the name beyond the flange, which stands off it whichever way the nozzle points.
   AddCentreLine(d, x, y, fx + static_cast<float>(thick * std::cos(angle * kRadiansPerDegree)),
-                fy + static_cast<float>(thick * std::sin(angle * kRadiansPerDegree)));
-  // The name beyond the flange, standing off it whichever way the nozzle points.
+                fy + static_cast<float>(thick * std::sin(angle * kRadiansPerDegree)), 0.08f);
   Along(fx, fy, angle, thick + 0.15f, tx, ty);
   const auto quadrant = static_cast<int>(std::lround(std::fmod(angle + 360.0f, 360.0f) / 90.0f)) % 4;
   static constexpr std::array<int16_t, 4> kJustify = {2, 4, 8, 6};  // right: left-middle; up: bottom-centre...
-  AddText(d, tx, ty, 0.1f, kJustify[static_cast<size_t>(quadrant)], name);
+  const int16_t justify = kJustify[static_cast<size_t>(quadrant)];
+  AddText(d, tx, ty, 0.1f, justify, name);
+  // The service goes on past the name: above it on a nozzle pointing up, below it on all others.
+  if (!service.empty()) AddText(d, tx, ty + (quadrant == 1 ? 0.17f : -0.17f), 0.1f, justify, service);
 }
 
 void AddNote(Drawing& d, float x, float y, float to_x, float to_y, const std::string& text) {
-  AddText(d, x, y, 0.09f, to_x < x ? 1 : 7, text);
-  AddLeader(d, x + (to_x < x ? -0.05f : 0.05f), y + 0.09f, to_x, to_y, true);
+  AddText(d, x, y, 0.1f, to_x < x ? 1 : 7, text);
+  AddLeader(d, to_x, to_y, x + (to_x < x ? -0.05f : 0.05f), y + 0.1f, true);  // the head at the point named
 }
 
 void AddSheetBorder(Drawing& d) {
@@ -141,16 +146,153 @@ void AddSheetBorder(Drawing& d) {
   AddBox(d, 0.15f, 0.15f, sheet.width * d.DrawScale - 0.15f, sheet.height * d.DrawScale - 0.15f);
 }
 
-void AddTitleBlock(Drawing& d, const std::string& maker, const std::string& description) {
+void AddTitleBlock(Drawing& d, const std::string& maker, const std::string& description, const std::string& note) {
   const SheetSize sheet = kSheets.at(static_cast<size_t>(d.SheetNo));
-  const float right = sheet.width * d.DrawScale, left = right - 4.0f, top = 1.2f;
+  const float right = sheet.width * d.DrawScale - 0.15f, left = right - 3.85f, top = 1.2f, split = left + 2.2f;
   AddSheetBorder(d);
-  AddBox(d, left, 0.15f, right - 0.15f, top);
-  AddLine(d, left, 0.8f, right - 0.15f, 0.8f, 1);
-  AddLine(d, left, 0.45f, right - 0.15f, 0.45f, 1);
-  AddText(d, (left + right - 0.15f) / 2, 1.0f, 0.14f, 5, maker);
-  AddText(d, (left + right - 0.15f) / 2, 0.625f, 0.1f, 5, description);
-  AddText(d, left + 0.1f, 0.3f, 0.07f, 4, "PRELIMINARY - NOT FOR CONSTRUCTION");
+  AddBox(d, left, 0.15f, right, top);
+  AddLine(d, left, 0.8f, right, 0.8f, 1);
+  AddLine(d, left, 0.45f, right, 0.45f, 1);
+  AddLine(d, split, 0.15f, split, 0.45f, 1);
+  AddText(d, (left + right) / 2, 1.0f, 0.14f, 5, maker);
+  AddText(d, (left + right) / 2, 0.625f, 0.12f, 5, description);
+  AddText(d, left + 0.1f, 0.3f, 0.1f, 2, "PRELIMINARY DRAWING");
+  AddText(d, (split + right) / 2, 0.3f, 0.1f, 5, note);
+}
+
+void AddMeasure(Drawing& d, float x1, float y1, float x2, float y2, float offset, const std::string& label) {
+  const double angle = std::atan2(y2 - y1, x2 - x1);
+  const auto nx = static_cast<float>(-std::sin(angle)), ny = static_cast<float>(std::cos(angle));
+  // Extension lines leave a small gap at the outline and run a little past the dimension line.
+  const float gap = offset > 0 ? 0.06f : -0.06f, past = offset > 0 ? 0.08f : -0.08f;
+  for (const auto& [px, py] : {std::pair{x1, y1}, std::pair{x2, y2}})
+    AddLine(d, px + gap * nx, py + gap * ny, px + (offset + past) * nx, py + (offset + past) * ny, 2);
+  AddDimension(d, x1 + offset * nx, y1 + offset * ny, x2 + offset * nx, y2 + offset * ny, 1, label, 1);
+}
+
+void AxisPoint(const Axis& a, float u, float v, float& x, float& y) {
+  const double c = std::cos(a.angle * kRadiansPerDegree), s = std::sin(a.angle * kRadiansPerDegree);
+  x = a.x + static_cast<float>(u * c - v * s);
+  y = a.y + static_cast<float>(u * s + v * c);
+}
+
+namespace {
+
+void AxisLine(Drawing& d, const Axis& a, float u1, float v1, float u2, float v2, int16_t pen) {
+  float x1, y1, x2, y2;
+  AxisPoint(a, u1, v1, x1, y1);
+  AxisPoint(a, u2, v2, x2, y2);
+  AddLine(d, x1, y1, x2, y2, pen);
+}
+
+// An arc about the axis point (u, v), its angles given against the axis. Pen 8 draws solid, and dark grey on paper,
+// where a print colours an arc by its pen's number.
+void AxisArc(Drawing& d, const Axis& a, float u, float v, float radius, float a0, float a1) {
+  float cx, cy;
+  AxisPoint(a, u, v, cx, cy);
+  AddArc(d, cx, cy, radius, a0 + a.angle, a1 + a.angle, 8);
+}
+
+}  // namespace
+
+void AddCylinder(Drawing& d, const Axis& a, float u1, float u2, float diameter, int16_t pen) {
+  const float r = diameter / 2;
+  AxisLine(d, a, u1, r, u2, r, pen);
+  AxisLine(d, a, u1, -r, u2, -r, pen);
+  AxisLine(d, a, u1, -r, u1, r, pen);
+  AxisLine(d, a, u2, -r, u2, r, pen);
+}
+
+void AddCone(Drawing& d, const Axis& a, float u1, float d1, float u2, float d2, int16_t pen) {
+  AxisLine(d, a, u1, d1 / 2, u2, d2 / 2, pen);
+  AxisLine(d, a, u1, -d1 / 2, u2, -d2 / 2, pen);
+}
+
+void AddBodyFlange(Drawing& d, const Axis& a, float u, float diameter, float thick) {
+  AddCylinder(d, a, u - thick, u, diameter + 0.3f);
+  AddCylinder(d, a, u, u + thick, diameter + 0.3f);
+}
+
+void AddDishedHead(Drawing& d, const Axis& a, float u, float diameter, float dir) {
+  // The usual torispherical stand-in for a 2:1 ellipse: crown radius 0.9 D, knuckle radius 0.17 D.
+  const float half = diameter / 2, crown = 0.9f * diameter, knuckle = 0.17f * diameter;
+  const auto s = static_cast<float>(std::sqrt((crown - knuckle) * (crown - knuckle) - (half - knuckle) * (half - knuckle)));
+  const auto t = static_cast<float>(std::atan2(half - knuckle, s) / kRadiansPerDegree);
+  if (dir > 0) {
+    AxisArc(d, a, u - s, 0, crown, -t, t);
+    AxisArc(d, a, u, half - knuckle, knuckle, t, 90);
+    AxisArc(d, a, u, knuckle - half, knuckle, -90, -t);
+  } else {
+    AxisArc(d, a, u + s, 0, crown, 180 - t, 180 + t);
+    AxisArc(d, a, u, half - knuckle, knuckle, 90, 180 - t);
+    AxisArc(d, a, u, knuckle - half, knuckle, 180 + t, 270);
+  }
+}
+
+void AddExchangerHead(Drawing& d, const Axis& a, float u, float diameter, float length, float dir, bool cover) {
+  const float thick = 0.1f, r = diameter / 2, end = u + dir * (thick + length);
+  AddCylinder(d, a, u, u + dir * thick, diameter + 0.3f);
+  AxisLine(d, a, u + dir * thick, r, end, r, 1);
+  AxisLine(d, a, u + dir * thick, -r, end, -r, 1);
+  if (cover) {
+    AddBodyFlange(d, a, end, diameter, dir * thick);
+  } else {
+    AxisLine(d, a, end, -r, end, r, 1);
+    AddDishedHead(d, a, end, diameter, dir);
+  }
+}
+
+void AddTubeBundle(Drawing& d, const Axis& a, float u1, float u2, float diameter, int tubes) {
+  for (int i = 0; i < tubes; ++i) {
+    const float v = diameter * (-0.4f + 0.8f * static_cast<float>(i) / static_cast<float>(tubes - 1));
+    AxisLine(d, a, u1, v, u2, v, 5);
+  }
+}
+
+void AddSaddle(Drawing& d, float x, float shell_bottom, float floor, float width) {
+  const float plate = 0.06f, web = 0.35f * width;
+  AddBox(d, x - width / 2 - 0.1f, floor, x + width / 2 + 0.1f, floor + plate);
+  AddLine(d, x - width / 2, floor + plate, x - web, shell_bottom - plate, 1);
+  AddLine(d, x + width / 2, floor + plate, x + web, shell_bottom - plate, 1);
+  AddBox(d, x - web - 0.08f, shell_bottom - plate, x + web + 0.08f, shell_bottom);  // wear plate
+  AddCentreLine(d, x, floor - 0.1f, x, floor + 0.25f, 0.05f);
+}
+
+void AddLug(Drawing& d, float x, float y, float reach, float dir) {
+  const float plate = 0.06f, outer = x + dir * reach;
+  AddBox(d, x, y, outer, y + plate);
+  AddLine(d, outer - dir * 0.05f, y + plate, x, y + plate + reach, 1);
+  AddCentreLine(d, x + dir * reach * 0.6f, y - 0.1f, x + dir * reach * 0.6f, y + plate + 0.1f, 0.05f);
+}
+
+void AddMotor(Drawing& d, float x, float y, float length, float diameter, float floor) {
+  const float r = diameter / 2, shaft = 0.25f, bracket = x + shaft + 0.12f, body_end = x + 0.72f * length;
+  AddBox(d, x, y - 0.06f, x + shaft, y + 0.06f);
+  AddBox(d, x + shaft, y - 0.8f * r, bracket, y + 0.8f * r);
+  AddBox(d, bracket, y - r, body_end, y + r);
+  for (float v : {-0.6f, -0.2f, 0.2f, 0.6f}) AddLine(d, bracket + 0.05f, y + v * r, body_end - 0.05f, y + v * r, 1);
+  AddBox(d, body_end, y - 0.9f * r, x + length, y + 0.9f * r);  // fan cover
+  const float box_x = (bracket + body_end) / 2;
+  AddBox(d, box_x - 0.18f, y + r, box_x + 0.18f, y + r + 0.22f);  // terminal box
+  AddBox(d, bracket + 0.05f, floor, body_end - 0.05f, floor + 0.06f);  // feet
+  AddLine(d, bracket + 0.15f, floor + 0.06f, bracket + 0.15f, y - r, 1);
+  AddLine(d, body_end - 0.15f, floor + 0.06f, body_end - 0.15f, y - r, 1);
+  AddCentreLine(d, x, y, x + length, y, 0.15f);
+}
+
+void AddBasePlate(Drawing& d, float x1, float x2, float top, float depth) {
+  AddBox(d, x1, top - depth, x2, top);
+  AddLine(d, x1, top - 0.06f, x2, top - 0.06f, 5);
+  AddLine(d, x1, top - depth + 0.06f, x2, top - depth + 0.06f, 5);
+  for (float x : {x1 + 0.2f, x2 - 0.2f}) AddCentreLine(d, x, top - depth - 0.1f, x, top + 0.1f, 0.05f);
+}
+
+void AddPipeBreak(Drawing& d, float x, float y, float bore) {
+  for (float g : {0.15f, -0.15f}) {
+    AddLine(d, x - bore / 2, y + g, x - bore / 6, y + g + 0.06f, 1);
+    AddLine(d, x - bore / 6, y + g + 0.06f, x + bore / 6, y + g - 0.06f, 1);
+    AddLine(d, x + bore / 6, y + g - 0.06f, x + bore / 2, y + g, 1);
+  }
 }
 
 void AddDiagramTitleBlock(Drawing& d, const std::string& maker, const std::string& title, const std::string& item,

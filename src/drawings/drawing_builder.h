@@ -34,12 +34,54 @@ void AddCentreLine(Drawing& d, float x1, float y1, float x2, float y2, float ove
 // `angle` (0: the face looks right, 90: up).
 void AddFlange(Drawing& d, float x, float y, float width, float thick, float angle);
 // A nozzle from the shell at (x, y) out along `angle`: a pipe of `bore` for `length`, ending in a flange, with its
-// centre line; its name (a placeholder such as "SUCTION?") noted beyond the flange.
-void AddNozzle(Drawing& d, float x, float y, float angle, float length, float bore, const std::string& name);
-// A note with a leader from (x, y) to the point it names.
+// centre line; its name (a placeholder such as "SUCTION?") noted beyond the flange, and its service (such as
+// "VAPOR IN"), when given, on a line of its own past the name.
+void AddNozzle(Drawing& d, float x, float y, float angle, float length, float bore, const std::string& name,
+               const std::string& service = "");
+// A note at (x, y) with a leader to the point it names, its arrow head there; the text stands on the far side of
+// (x, y) from that point.
 void AddNote(Drawing& d, float x, float y, float to_x, float to_y, const std::string& text);
-// The title block in the sheet's lower right corner: the maker, the drawing's description, sheet and scale.
-void AddTitleBlock(Drawing& d, const std::string& maker, const std::string& description);
+// The sheet's border and the title block in its lower right corner: the maker, the drawing's description, and a
+// bottom row stating the drawing preliminary beside `note` (such as "NOT TO SCALE" or a date).
+void AddTitleBlock(Drawing& d, const std::string& maker, const std::string& description,
+                   const std::string& note = "NOT TO SCALE");
+
+// A text-only linear dimension between two points of the outline, its line set off by `offset` to the left of the
+// direction p1 to p2, with extension lines from both points; `label` stands alone (a placeholder such as "A?").
+void AddMeasure(Drawing& d, float x1, float y1, float x2, float y2, float offset, const std::string& label);
+
+// Parts drawn along an axis: the axis starts at (x, y) and points to `angle` degrees; a point lies `u` along it and
+// `v` across it, positive to the axis's left. `dir` +1 or -1 says which way along the axis a part faces.
+struct Axis {
+  float x = 0, y = 0, angle = 0;
+};
+void AxisPoint(const Axis& a, float u, float v, float& x, float& y);
+// A cylinder from u1 to u2 of `diameter`: its sides and both ends.
+void AddCylinder(Drawing& d, const Axis& a, float u1, float u2, float diameter, int16_t pen = 1);
+// A cone (reducer) from u1 at diameter d1 to u2 at d2: its two sloping sides.
+void AddCone(Drawing& d, const Axis& a, float u1, float d1, float u2, float d2, int16_t pen = 1);
+// A pair of body flanges bolted at u, each `thick`, standing out 0.15 past the vessel of `diameter`.
+void AddBodyFlange(Drawing& d, const Axis& a, float u, float diameter, float thick);
+// A 2:1 dished head whose tangent line lies at u, bulging toward `dir`: crown and knuckle arcs.
+void AddDishedHead(Drawing& d, const Axis& a, float u, float diameter, float dir);
+// An exchanger head bolted at u, facing `dir`: a flanged barrel of `length` closed by a flat bolted cover
+// (channel with removable cover) or, without `cover`, by a dished end (bonnet).
+void AddExchangerHead(Drawing& d, const Axis& a, float u, float diameter, float length, float dir, bool cover);
+// The tube bundle between u1 and u2 seen through the shell: `tubes` dashed lines over 80 % of `diameter`.
+void AddTubeBundle(Drawing& d, const Axis& a, float u1, float u2, float diameter, int tubes);
+// A saddle under a horizontal shell at x: a web tapering from `width` at its base plate on `floor` up to a wear
+// plate under the shell's bottom, with the anchor bolt's centre line.
+void AddSaddle(Drawing& d, float x, float shell_bottom, float floor, float width);
+// A support lug on a vertical shell's wall at (x, y), reaching `reach` toward `dir`: a top plate over a gusset,
+// with the bolt hole's centre line.
+void AddLug(Drawing& d, float x, float y, float reach, float dir);
+// A foot-mounted motor seen from the side, its shaft on the left at (x, y): frame with cooling fins, fan cover,
+// terminal box and feet down to `floor`.
+void AddMotor(Drawing& d, float x, float y, float length, float diameter, float floor);
+// A base plate of structural channel from x1 to x2, its top at `top`, `depth` deep: the web hidden behind.
+void AddBasePlate(Drawing& d, float x1, float x2, float top, float depth);
+// A break in a long pipe of `bore` at (x, y) on a vertical run: the pipe's two ends cut by zigzags 0.3 apart.
+void AddPipeBreak(Drawing& d, float x, float y, float bore);
 // The border 0.15 in. inside the sheet's edge.
 void AddSheetBorder(Drawing& d);
 // A process flow diagram's title block in the sheet's lower right corner: the maker, the title, the item and the
