@@ -88,6 +88,23 @@ int main(int argc, char** argv) {
   window.screen.USERCASE = (QDir::tempPath() + "/SOLVENT-LOADS-THREE-STAGE.JET").toStdString();
   results->Print(PrintCommand::kAllOutput);
   window.screen.USERCASE = shown_case;
+  // The equipment drawings: an intercondenser, an ejector, the flow diagram, and the printed drawings page.
+  const auto open = [&](size_t n, const QString& name) {
+    results->pictures->Image1[n]->click();
+    ok = Save(&window, folder, name) && ok;
+    results->pictures->Image1[n]->click();
+  };
+  open(1, "drawing-condenser");
+  open(0, "drawing-ejector");
+  open(results->pictures->Image1.size() - 1, "flow-diagram");
+  window.preview = [&](QWidget* parent, const ReportJob& job) {
+    PreviewReport(parent, job, [&](QDialog& dialog) {
+      dialog.resize(1000, 740);
+      ok = Save(&dialog, folder, "print-drawings") && ok;
+      dialog.accept();
+    });
+  };
+  results->Print(PrintCommand::kDrawings);
   results->cmdDebugger->setChecked(true);
   ok = Save(&window, folder, "design-results-debugger") && ok;
   results->cmdDebugger->setChecked(false);

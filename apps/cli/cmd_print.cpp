@@ -1,10 +1,12 @@
 // kestrane print: the specification sheet, the design data sheet and the thermo compressor sheets as text or PDF.
 #include <QGuiApplication>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
 #include "case/jet_file.h"
 #include "cli.h"
+#include "design_prints.h"
 #include "documents/design_reports.h"
 #include "documents/page_frame.h"
 #include "documents/text_pages.h"
@@ -99,15 +101,19 @@ int PrintDesignSheets(Session& session, const PrintArgs& args, CliUi& ui) {
   if (outcome.input_error != 0) Refuse("The input was refused: nothing was printed.", ui);
   if (!outcome.results) Fail(kExitDesignError, "The design has no results to print (" + outcome.lblMessage + ").", ui);
 
-  if (args.what != "spec-sheet") LoadUserInfo(session, ui);
+  // "all" is the menu's all output; drawings and the flow diagram are pictures, left out of the text form.
+  const bool all = args.what == "all";
   std::vector<Report> reports;
-  if (args.what != "data-sheet") reports.push_back(Report::kSpecSheet);
-  if (args.what != "spec-sheet") reports.push_back(Report::kDataSheet);
-  const DesignSheets sheets =
-      PrepareDesignSheets(reports, ctx, ReportDate(session.Today()), session.data.paths.usrfiles);
+  if (all || args.what == "spec-sheet") reports.push_back(Report::kSpecSheet);
+  if (all || args.what == "data-sheet") reports.push_back(Report::kDataSheet);
+  if ((all && args.format != "txt") || args.what == "drawings") reports.push_back(Report::kDrawings);
+  if ((all && args.format != "txt") || args.what == "flow-diagram") reports.push_back(Report::kFlowDiagram);
+  if (std::find(reports.begin(), reports.end(), Report::kDataSheet) != reports.end()) LoadUserInfo(session, ui);
+  const std::string date = ReportDate(session.Today());
+  const DesignSheets sheets = PrepareDesignSheets(reports, ctx, date, session.data.paths.usrfiles);
   if (!sheets.data_text.empty()) TellTextFile(sheets.data_text);
   ReportOutput output(args);
-  PrintDesignSheets(sheets, output.pages());
+  PrintDesignReports(reports, sheets, ctx, date, output.pages());
   output.Finish(ui);
   for (const std::string& error : outcome.errors) std::fprintf(stderr, "Design error: %s\n", error.c_str());
   return outcome.errors.empty() ? kExitDone : kExitDesignError;
@@ -132,7 +138,7 @@ int PrintTcSheets(Session& session, const PrintArgs& args, CliUi& ui) {
   const TcSheets sheets = PrepareTcSheets(tcin, ctx, screen, ReportDate(session.Today()), session.data.paths.usrfiles);
   if (!sheets.data_text.empty()) TellTextFile(sheets.data_text);
   ReportOutput output(args);
-  PrintTcSheets(sheets, output.pages());
+  PrintTcReports(sheets, ctx, screen.Metric(), TcModel(dc), output.pages());
   output.Finish(ui);
   return kExitDone;
 }
@@ -140,6 +146,9 @@ int PrintTcSheets(Session& session, const PrintArgs& args, CliUi& ui) {
 int Print(const GlobalOptions& options, const PrintArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(false);
+  if (args.format == "txt" && (args.what == "drawings" || args.what == "flow-diagram")) {
+    Fail(kExitUsage, "Drawings print as pdf: --format pdf -o FILE.pdf", ui);
+  }
   if (args.format == "pdf" && (args.out.empty() || args.out == "-")) {
     Fail(kExitUsage, "A PDF needs an output file: -o FILE.pdf", ui);
   }
@@ -154,10 +163,12 @@ void AddPrintCommand(CLI::App& app, const GlobalOptions& options, int& exit_code
   auto* print = app.add_subcommand("print", "Print a case's sheets as text or PDF");
   print->add_option("SHEET", args->what,
                     "spec-sheet: the vacuum system specification sheet; data-sheet: the design data sheet (also "
-                    "written as text beside the case, NAME.TXT); all: both; tc-sheets: the thermo compressor's "
-                    "specification and data sheets of a .TTC case (its text beside the case too)")
+                    "written as text beside the case, NAME.TXT); drawings: the preliminary drawings, six a page; "
+                    "flow-diagram: the process flow diagram; all: all of these (the sheets only as text); "
+                    "tc-sheets: the thermo compressor's specification and data sheets of a .TTC case (its text "
+                    "beside the case too)")
       ->required()
-      ->check(CLI::IsMember({"spec-sheet", "data-sheet", "all", "tc-sheets"}));
+      ->check(CLI::IsMember({"spec-sheet", "data-sheet", "drawings", "flow-diagram", "all", "tc-sheets"}));
   print->add_option("CASE", args->file, "Case file (.JET, or .TTC for tc-sheets)")->required();
   print->add_option("--format", args->format, "txt: the printed lines, a form feed between pages; pdf: the pages")
       ->check(CLI::IsMember({"txt", "pdf"}));

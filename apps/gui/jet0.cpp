@@ -10,7 +10,10 @@
 
 #include "case/jet_file.h"
 #include "documents/design_reports.h"
+#include "design_prints.h"
 #include "documents/page_frame.h"
+#include "drawings/drawing_sets.h"
+#include "drawings/flow_diagram.h"
 #include "engine/design_summary.h"
 #include "engine/results.h"
 #include "pages.h"
@@ -83,7 +86,7 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   }));
   bar->addAction("&Revise Data", this, Trapped(w_.ui, [this] { w_.SwapForms(Form::frmJET0, Form::frmJetInput); }));
   // The print entries, as the results have always named them: the data sheet entry prints the specification
-  // sheet and the quotation request the design data sheet. Drawings print once the drawing sets are installed.
+  // sheet and the quotation request the design data sheet.
   QMenu* print = print_menu_ = bar->addMenu("&Print");
   const auto entry = [this, print](const char* text, PrintCommand command) {
     QAction* action = print->addAction(text, this, Trapped(w_.ui, [this, command] { Print(command); }));
@@ -92,8 +95,8 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   };
   entry("&Data Sheet", PrintCommand::kDataSheet);
   entry("&Quotation Request", PrintCommand::kQuotationRequest);
-  entry("D&rawings", PrintCommand::kDrawings)->setEnabled(false);
-  entry("&Process Flow Diagram", PrintCommand::kProcessFlowDiagram)->setEnabled(false);
+  entry("D&rawings", PrintCommand::kDrawings);
+  entry("&Process Flow Diagram", PrintCommand::kProcessFlowDiagram);
   entry("&All Output", PrintCommand::kAllOutput);
   layout->addWidget(NewStatusLine());
   lblMessage = new QLabel;
@@ -121,6 +124,13 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   splitter_->addWidget(Grid1);
   splitter_->setChildrenCollapsible(false);
   layout->addWidget(splitter_, 1);
+  FrameDrawing = new DrawingFrame;
+  FrameDrawing->drawing.font = &w_.session.data.font;
+  FrameDrawing->hide();
+  layout->addWidget(FrameDrawing, 1);
+  pictures = new SlotRow(*FrameDrawing);
+  pictures->frame_shown = [this](bool shown) { splitter_->setVisible(!shown); };
+  layout->insertWidget(layout->indexOf(splitter_), pictures);
   cmdDebugger = new QPushButton("Debugger");
   cmdDebugger->setCheckable(true);
   layout->addWidget(cmdDebugger, 0, Qt::AlignLeft);
@@ -173,14 +183,39 @@ void frmJET0::ShowResults(bool results, const std::string& message) {
   }
   Grid1->resizeColumnsToContents();
   has_results_ = results;
+  BuildSlots(results);
   cmdDebugger->setEnabled(results);
   print_menu_->menuAction()->setEnabled(results);
   export_pdf_->setEnabled(results);
   if (!results) cmdDebugger->setChecked(false);
 }
 
+void frmJET0::BuildSlots(bool results) {
+  const bool metric = w_.screen.Metric();
+  std::vector<EquipmentSlot> equipment;
+  if (results) {
+    DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+    equipment = EquipmentSlots(ctx, metric);
+  }
+  std::vector<std::string> captions;
+  for (const EquipmentSlot& slot : equipment) captions.push_back(slot.caption);
+  if (results) captions.push_back("Flow Diagram");
+  pictures->BuildSlots(captions, [this, equipment, metric](Drawing& d, int n, bool quiet, int16_t& failed) {
+    RecordingUi quiet_ui;
+    DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX,
+                      quiet ? static_cast<Ui&>(quiet_ui) : w_.ui};
+    if (n < static_cast<int>(equipment.size())) {
+      LoadSlotDrawing(d, ctx, equipment[static_cast<size_t>(n)], metric, failed);
+    } else {
+      BuildFlowDiagram(d, ctx, metric);
+    }
+  });
+}
+
 void frmJET0::SetResultsMode(int mode) {
   const bool printing = mode == 2;
+  pictures->Close();
+  pictures->setEnabled(!printing);
   lblStatus->setVisible(printing);
   splitter_->setVisible(!printing);
   for (QAction* action : menus->actions()) action->setEnabled(!printing);
@@ -191,12 +226,15 @@ void frmJET0::SetResultsMode(int mode) {
 
 namespace {
 
-// The sheets of the case shown, as a report job; the data sheet's text is written beside the case first.
+// The reports of the case shown, as a report job; the data sheet's text is written beside the case first.
 ReportJob DesignSheetsJob(MainWindow& w, const std::vector<Report>& reports, const QString& title) {
   DesignContext ctx{w.session.design, w.session.data, w.screen, w.session.PINTERFIX, w.ui};
-  auto sheets = std::make_shared<DesignSheets>(
-      PrepareDesignSheets(reports, ctx, ReportDate(w.session.Today()), w.session.data.paths.usrfiles));
-  return {title, [sheets](PageSink& printer) { PrintDesignSheets(*sheets, printer); }};
+  const std::string date = ReportDate(w.session.Today());
+  auto sheets = std::make_shared<DesignSheets>(PrepareDesignSheets(reports, ctx, date, w.session.data.paths.usrfiles));
+  return {title, [&w, reports, sheets, date](PageSink& printer) {
+            DesignContext at_print{w.session.design, w.session.data, w.screen, w.session.PINTERFIX, w.ui};
+            PrintDesignReports(reports, *sheets, at_print, date, printer);
+          }};
 }
 
 }  // namespace

@@ -29,6 +29,7 @@
 #include "properties/user_vapors.h"
 #include "properties/vapor_table.h"
 #include "thermo/thermo_compressor.h"
+#include "drawing_frame.h"
 #include "main_window.h"
 #include "widgets.h"
 
@@ -111,6 +112,8 @@ class frmJET0 : public Page, public StatusPrinting {
   explicit frmJET0(MainWindow& window);
   QString Caption() const override;
   void ShowResults(bool results, const std::string& message);
+  // The equipment pictures of the design shown (none without results), all idle.
+  void BuildSlots(bool results);
   // A print entry of the menu: the sheets it names, through the print preview.
   void Print(PrintCommand command);
   // File > Export PDF: the specification and data sheets as one PDF file.
@@ -121,6 +124,8 @@ class frmJET0 : public Page, public StatusPrinting {
   QWidget* frames;
   QPushButton* cmdDebugger;
   QMenuBar* menus;
+  DrawingFrame* FrameDrawing;  // the open drawing, in place of the lists
+  SlotRow* pictures;           // the equipment pictures in flow order, then the flow diagram
 
  private:
   MainWindow& w_;
@@ -230,6 +235,8 @@ class TCform : public Page, public StatusPrinting {
   QTableWidget* grid;
   QLabel* body;
   QMenuBar* menus;
+  DrawingFrame* FrameDrawing;  // the compressor's drawing, in place of the lists
+  SlotRow* Image1;             // its one picture
   TcInput tcres;  // the checked input of the design shown
 
  private:

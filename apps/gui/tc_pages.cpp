@@ -8,7 +8,9 @@
 #include <QVBoxLayout>
 
 #include "documents/design_reports.h"
+#include "design_prints.h"
 #include "documents/page_frame.h"
+#include "drawings/drawing_sets.h"
 #include "pages.h"
 #include "trap.h"
 
@@ -179,10 +181,19 @@ TCform::TCform(MainWindow& w) : Page(&w), w_(w) {
   grid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   row->addWidget(grid, 1);
   lists->addLayout(row, 1);
+  FrameDrawing = new DrawingFrame;
+  FrameDrawing->drawing.font = &w_.session.data.font;
+  FrameDrawing->hide();
+  layout->addWidget(FrameDrawing, 1);
+  Image1 = new SlotRow(*FrameDrawing);
+  Image1->frame_shown = [this](bool shown) { lists_->setVisible(!shown); };
+  layout->insertWidget(layout->indexOf(lists_), Image1);
 }
 
 void TCform::SetResultsMode(int mode) {
   const bool printing = mode == 2;
+  Image1->Close();
+  Image1->setEnabled(!printing);
   lblStatus->setVisible(printing);
   lists_->setVisible(!printing);
   for (QAction* action : menus->actions()) action->setEnabled(!printing);
@@ -193,7 +204,11 @@ ReportJob TCform::SheetsJob() {
   DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
   auto sheets = std::make_shared<TcSheets>(
       PrepareTcSheets(tcres, ctx, input->model, ReportDate(w_.session.Today()), w_.session.data.paths.usrfiles));
-  return {Caption(), [sheets](PageSink& printer) { PrintTcSheets(*sheets, printer); }};
+  const bool metric = input->model.Metric();
+  return {Caption(), [this, sheets, metric](PageSink& printer) {
+            DesignContext at_print{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+            PrintTcReports(*sheets, at_print, metric, TcModel(w_.session.design), printer);
+          }};
 }
 
 void TCform::Print() {
@@ -232,6 +247,15 @@ void TCform::ShowResults(const TcOutcome& outcome) {
     grid->setItem(static_cast<int>(i), 0, item);
   }
   grid->setVerticalHeaderLabels(labels);
+  // The compressor's picture: the ejector drawing of stage 1, in the input's units.
+  const bool metric = input->model.Metric();
+  const std::string model = TcModel(w_.session.design);
+  Image1->BuildSlots({model}, [this, metric, model](Drawing& d, int, bool quiet, int16_t& failed) {
+    RecordingUi quiet_ui;
+    DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX,
+                      quiet ? static_cast<Ui&>(quiet_ui) : w_.ui};
+    LoadJetDrawing(d, ctx, 1, metric, model, failed);
+  });
   body->setText(QString("Body type %1, compression ratio %2").arg(outcome.TYPE).arg(outcome.compressionRatio, 0, 'f', 3));
 }
 

@@ -1,6 +1,8 @@
 // Report pages on a Qt paint device: lines placed in twips, the page scaled to fit when it overflows.
 #include "painter_pages.h"
 
+#include "painter_surface.h"
+
 #include <QFontDatabase>
 #include <QPageLayout>
 #include <QPdfWriter>
@@ -33,6 +35,28 @@ void PainterPages::Text(float x_twips, float y_twips, const std::string& text, c
   lines_.push_back({x_twips, y_twips, text, font});
 }
 
+void PainterPages::PageStrokes::Add(float x1, float y1, float x2, float y2, SurfaceColour colour) {
+  // User scale to twips of the page; the page's size in twips by orientation.
+  const float w = pages_.orientation == 2 ? kPageHeightTwips : kPageWidthTwips;
+  const float h = pages_.orientation == 2 ? kPageWidthTwips : kPageHeightTwips;
+  const auto px = [&](float x) { return (x - ScaleLeft) / ScaleWidth * w; };
+  const auto py = [&](float y) { return (y - ScaleTop) / ScaleHeight * h; };
+  pages_.strokes_list_.push_back({px(x1), py(y1), px(x2), py(y2), colour, DrawStyle, DrawWidth});
+  pages_.Touch();
+}
+
+void PainterPages::PageStrokes::Line(float x1, float y1, float x2, float y2) { Add(x1, y1, x2, y2, ForeColor); }
+
+void PainterPages::PageStrokes::Box(float x1, float y1, float x2, float y2, SurfaceColour colour) {
+  const int16_t style = DrawStyle;
+  DrawStyle = kStyleSolid;
+  Add(x1, y1, x2, y1, colour);
+  Add(x2, y1, x2, y2, colour);
+  Add(x2, y2, x1, y2, colour);
+  Add(x1, y2, x1, y1, colour);
+  DrawStyle = style;
+}
+
 void PainterPages::EndPage(float bottom_twips) {
   device_.setPageOrientation(orientation == 2 ? QPageLayout::Landscape : QPageLayout::Portrait);
   if (!started_) {
@@ -56,8 +80,14 @@ void PainterPages::EndPage(float bottom_twips) {
     const QFontMetricsF metrics(f, &device_);
     painter_.drawText(QPointF(line.x, line.y + metrics.ascent()), QString::fromStdString(line.text));
   }
+  // Drawing strokes: DrawWidth in dots of a 600 dpi printer.
+  for (const Stroke& stroke : strokes_list_) {
+    painter_.setPen(SurfacePen(stroke.colour, stroke.style, std::max<int>(stroke.width, 1) * 1440.0 / 600.0));
+    painter_.drawLine(QPointF(stroke.x1, stroke.y1), QPointF(stroke.x2, stroke.y2));
+  }
   painter_.restore();
   lines_.clear();
+  strokes_list_.clear();
 }
 
 PdfPages::PdfPages(std::filesystem::path path) : path_(std::move(path)) {

@@ -26,6 +26,8 @@ class PainterPages : public PageSink {
   ~PainterPages() override;
   // Ends painting; the device holds the pages.
   void Finish();
+  // Drawings print on the page too: their strokes are kept with the page's text lines.
+  DrawingSurface* DrawingTarget() override { return &strokes_; }
 
  protected:
   void Text(float x_twips, float y_twips, const std::string& text, const PrintFont& font) override;
@@ -37,9 +39,32 @@ class PainterPages : public PageSink {
     std::string text;
     PrintFont font;
   };
+  // A drawing's line on the page, in twips from the page's corner.
+  struct Stroke {
+    float x1, y1, x2, y2;
+    SurfaceColour colour;
+    int16_t style, width;
+  };
+  // The page as a drawing surface: its user scale spans the whole page.
+  class PageStrokes : public DrawingSurface {
+   public:
+    explicit PageStrokes(PainterPages& pages) : pages_(pages) {}
+    void Cls() override { pages_.strokes_list_.clear(); }
+    void Line(float x1, float y1, float x2, float y2) override;
+    void Box(float x1, float y1, float x2, float y2, SurfaceColour colour) override;
+    SurfaceColour BackColor() const override { return 0xFFFFFF; }
+    float Width() const override { return pages_.Width(); }
+    float Height() const override { return pages_.Height(); }
+
+   private:
+    void Add(float x1, float y1, float x2, float y2, SurfaceColour colour);
+    PainterPages& pages_;
+  };
   QPagedPaintDevice& device_;
   QPainter painter_;
   std::vector<Line> lines_;
+  std::vector<Stroke> strokes_list_;
+  PageStrokes strokes_{*this};
   bool started_ = false;
 };
 

@@ -6,12 +6,23 @@
 #include <QPdfWriter>
 #include <QSvgGenerator>
 #include <algorithm>
+#include <array>
 #include <system_error>
 
 namespace kestrane {
 
 QColor SurfaceQColor(SurfaceColour colour) {
   return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+}
+
+QPen SurfacePen(SurfaceColour colour, int16_t style, double width) {
+  static constexpr std::array<Qt::PenStyle, 5> kStyles = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine,
+                                                          Qt::DashDotDotLine};
+  QPen pen(SurfaceQColor(colour));
+  pen.setWidthF(width);
+  pen.setCapStyle(Qt::RoundCap);
+  pen.setStyle(style >= 0 && style < 5 ? kStyles[static_cast<size_t>(style)] : Qt::SolidLine);
+  return pen;
 }
 
 PainterSurface::PainterSurface(QPainter& painter, const QRectF& area, SurfaceColour background)
@@ -22,32 +33,15 @@ QPointF PainterSurface::Map(float x, float y) const {
           area_.top() + (y - ScaleTop) / ScaleHeight * area_.height()};
 }
 
-void PainterSurface::SetPen(SurfaceColour colour) {
-  QPen pen(SurfaceQColor(colour));
-  pen.setWidthF(std::max<int>(DrawWidth, 1));
-  pen.setCapStyle(Qt::RoundCap);
-  switch (DrawStyle) {
-    case kStyleDash: pen.setStyle(Qt::DashLine); break;
-    case kStyleDot: pen.setStyle(Qt::DotLine); break;
-    case kStyleDashDot: pen.setStyle(Qt::DashDotLine); break;
-    case kStyleDashDotDot: pen.setStyle(Qt::DashDotDotLine); break;
-    default: pen.setStyle(Qt::SolidLine); break;
-  }
-  painter_.setPen(pen);
-}
-
 void PainterSurface::Cls() { painter_.fillRect(area_, SurfaceQColor(background_)); }
 
 void PainterSurface::Line(float x1, float y1, float x2, float y2) {
-  SetPen(ForeColor);
+  painter_.setPen(SurfacePen(ForeColor, DrawStyle, std::max<int>(DrawWidth, 1)));
   painter_.drawLine(Map(x1, y1), Map(x2, y2));
 }
 
 void PainterSurface::Box(float x1, float y1, float x2, float y2, SurfaceColour colour) {
-  const int16_t style = DrawStyle;
-  DrawStyle = kStyleSolid;
-  SetPen(colour);
-  DrawStyle = style;
+  painter_.setPen(SurfacePen(colour, kStyleSolid, std::max<int>(DrawWidth, 1)));
   painter_.setBrush(Qt::NoBrush);
   painter_.drawRect(QRectF(Map(x1, y1), Map(x2, y2)).normalized());
 }

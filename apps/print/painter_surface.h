@@ -13,6 +13,9 @@ namespace kestrane {
 // The colour of a surface colour long (0x00BBGGRR).
 QColor SurfaceQColor(SurfaceColour colour);
 
+// The pen of a drawing's line: its colour, style (solid, dash, dot, dash-dot, dash-dot-dot) and width.
+QPen SurfacePen(SurfaceColour colour, int16_t style, double width);
+
 // A drawing surface painting into `area` of a painter's device: the user scale maps onto the area, lines take
 // the pen's colour, style and width (DrawWidth in device pixels, at least one).
 class PainterSurface : public DrawingSurface {
@@ -28,7 +31,6 @@ class PainterSurface : public DrawingSurface {
 
  private:
   QPointF Map(float x, float y) const;
-  void SetPen(SurfaceColour colour);
   QPainter& painter_;
   QRectF area_;
   SurfaceColour background_;

@@ -54,9 +54,8 @@ TcSheets PrepareTcSheets(const TcInput& tcres, const DesignContext& ctx, const T
   return sheets;
 }
 
-void PrintTcSheets(const TcSheets& sheets, PageSink& printer) {
-  // The drawing of the compressor joins its sheet once the drawing sets are installed.
-  PrintTcSpecSheet(sheets.spec, printer, nullptr);
+void PrintTcSheets(const TcSheets& sheets, PageSink& printer, const std::function<void(PageSink&)>& drawing) {
+  PrintTcSpecSheet(sheets.spec, printer, drawing);
   PrintTcDataSheet(sheets.data, printer);
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -40,7 +41,8 @@ struct TcSheets {
 TcSheets PrepareTcSheets(const TcInput& tcres, const DesignContext& ctx, const TCInputScreen& screen,
                          const std::string& date_text, const std::filesystem::path& text_folder);
 
-// Prints the specification sheet, then the data sheet.
-void PrintTcSheets(const TcSheets& sheets, PageSink& printer);
+// Prints the specification sheet with the compressor's drawing on its page (`drawing`, when set, prints it), then
+// the data sheet.
+void PrintTcSheets(const TcSheets& sheets, PageSink& printer, const std::function<void(PageSink&)>& drawing);
 
 }  // namespace kestrane

@@ -147,8 +147,9 @@ std::filesystem::path TcSheetTextPath(const std::string& case_path, const std::f
 
 void PrintTcSpecSheet(const std::vector<std::string>& lines, PageSink& printer,
                       const std::function<void(PageSink&)>& drawing) {
-  // 10 points, so that the text, the room for the drawing and the maker's lines fit one page.
-  printer.font = PrintFont{"Courier New", 10, false};
+  // 12 points, as the sheets print: the maker's lines then come below the drawing, which takes the lower middle
+  // of the page; the page shrinks a little to hold them.
+  printer.font = PrintFont{"Courier New", 12, false};
   for (size_t k = 1; k < lines.size(); ++k) printer.Print("   " + lines[k]);
   for (int k = 0; k < 21; ++k) printer.Print(" ");
   for (int k = 0; k < 3; ++k) printer.Print("  ");

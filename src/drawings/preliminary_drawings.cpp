@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "drawings/drawing_page.h"
 #include "drawings/drawing_sets.h"
 #include "engine/results.h"
 #include "properties/numeric.h"
@@ -33,16 +34,8 @@ void PlaceInCell(Drawing& d, DrawingSurface& target, float r, size_t e) {
   const size_t k = (e - 1) % kCellsPerPage;
   const float col = static_cast<float>(k % 2 + 1);
   const float row = static_cast<float>(3 - k / 2);
-  // The cell window: the sheet about its centre, widened to the cell's aspect.
-  const SheetSize sheet = ScaledSheet(d);
-  const float cx = sheet.width / 2, cy = sheet.height / 2;
-  float w = sheet.width, h = sheet.height;
-  if (h > w / r) {
-    w = r * h;
-  } else {
-    h = w / r;
-  }
-  const float left = cx - w / 2, right = cx + w / 2, bottom = cy - h / 2, top = cy + h / 2;
+  const CellBox cell = CellOf(d, r);
+  const float w = cell.w, h = cell.h, left = cell.left, right = cell.right, bottom = cell.bottom, top = cell.top;
   // The page's window puts the cell in its place; the upper rows move down to leave room for the heading.
   const float rise = h * 0.1f * (row - 1);
   d.ViewLeft = left - (col - 1) * w;

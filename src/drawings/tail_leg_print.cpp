@@ -17,7 +17,10 @@ void PrintTailLeg(PageSink& printer, Drawing& d, const std::filesystem::path& ks
   SetDrawingText(d, "?5", answers[1]);
   if (DrawingSurface* const page = printer.DrawingTarget()) {
     DrawingSurface* const screen_target = d.Target;
+    const int16_t printing = d.Printing;
     d.Target = page;
+    d.Printing = -1;  // on paper: lines, texts and dimensions in black
+    printer.Touch();
     // The whole sheet, fitted to the page.
     const SheetSize sheet = ScaledSheet(d);
     d.ReqX1 = 0;
@@ -32,6 +35,7 @@ void PrintTailLeg(PageSink& printer, Drawing& d, const std::filesystem::path& ks
     for (int i = 1; i <= d.Dimensions.count; ++i) DrawDimension(d, i, 0, 0);
     for (int i = 1; i <= d.Angles.count; ++i) DrawAngleDimension(d, i, 0, 0);
     d.Target = screen_target;
+    d.Printing = printing;
   }
   printer.EndDoc();
 }

@@ -56,6 +56,9 @@ class PageSink {
   // Pages sent so far.
   int pages() const { return pages_; }
 
+  // Marks the page as printed on (a drawing drawn on it, without text), so that EndDoc sends it.
+  void Touch() { printed_ = true; }
+
   // Where drawings print on the present page, in the user scale that the caller sets on it; none on a sink that
   // prints text only.
   virtual DrawingSurface* DrawingTarget() { return nullptr; }

@@ -79,14 +79,15 @@ TEST_F(PrintWindow, EachEntrySendsItsSheetsWhileTheWindowShowsItsMessage) {
   EXPECT_FALSE(Has(printed, "VACUUM SYSTEM SPECIFICATION SHEET"));
   EXPECT_TRUE(fs::exists(userdata / "cases" / "SOLVENT-LOADS-THREE-STAGE.TXT"));
 
-  // All output: both sheets, the specification sheet first, each its own page.
+  // All output: both sheets, the specification sheet first, each its own page, then the drawings' page (on a
+  // text page only its heading; the flow diagram is a drawing alone and leaves no text page).
   printed.clear();
   page_count = 0;
   Entry("mnuPrintAllOutput")->trigger();
   EXPECT_EQ(seen.back().status, "Patience....printing all output... ");
   EXPECT_LT(printed.find("VACUUM SYSTEM SPECIFICATION SHEET"), printed.find("VACUUM SYSTEM DESIGN PROGRAM DATA"));
-  EXPECT_EQ(page_count, 2);
-  EXPECT_FALSE(Entry("mnuPrintDrawings")->isEnabled()) << "drawings print once the drawing sets are installed";
+  EXPECT_LT(printed.find("VACUUM SYSTEM DESIGN PROGRAM DATA"), printed.find("Preliminary Drawings"));
+  EXPECT_EQ(page_count, 3);
 }
 
 TEST_F(PrintWindow, ADesignWithoutResultsHasNothingToPrint) {
@@ -102,7 +103,7 @@ TEST_F(PrintWindow, ADesignWithoutResultsHasNothingToPrint) {
   EXPECT_TRUE(Action(Results(), "&Export PDF...")->isEnabled());
   EXPECT_TRUE(PrintMenu()->isEnabled());
   Entry("mnuPrintAllOutput")->trigger();
-  EXPECT_EQ(page_count, 2);
+  EXPECT_EQ(page_count, 3);
 }
 
 // The pages of a PDF file, counted by their page objects.
@@ -114,7 +115,8 @@ int PdfPageCount(const fs::path& pdf) {
                               .count(QRegularExpression(R"(/Type\s*/Page(?!s))")));
 }
 
-TEST_F(PrintWindow, ExportPdfWritesBothSheetsAsPagesOfOneFile) {
+// All output as one PDF: both sheets, the drawings' page and the flow diagram.
+TEST_F(PrintWindow, ExportPdfWritesAllOutputAsPagesOfOneFile) {
   Design("METRIC-TWO-STAGE.JET");
   const fs::path pdf = userdata / "cases" / "sheets.pdf";
   QString suggested;
@@ -124,7 +126,7 @@ TEST_F(PrintWindow, ExportPdfWritesBothSheetsAsPagesOfOneFile) {
   };
   Action(Results(), "&Export PDF...")->trigger();
   EXPECT_EQ(suggested, "METRIC-TWO-STAGE.pdf");
-  EXPECT_EQ(PdfPageCount(pdf), 2);
+  EXPECT_EQ(PdfPageCount(pdf), 4);
   EXPECT_FALSE(fs::exists(pdf.string() + ".part")) << "no temporary file is left";
   // A folder that cannot be written is told, and the program goes on.
   const size_t notices = ui.notices.size();
