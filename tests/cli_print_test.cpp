@@ -173,3 +173,33 @@ TEST_F(PrintCommand, WhatCannotBePrintedEndsWithItsExitCode) {
 }
 
 }  // namespace
+
+namespace {
+
+class PrintDrawingsCommand : public kestrane::testing::ScratchFolder {};
+
+// The pages of a PDF file, from pdfinfo.
+int PdfPages(const fs::path& pdf) {
+  const CliRun r = kestrane::testing::Run("pdfinfo " + Quoted(pdf));
+  const size_t at = r.out.find("Pages:");
+  return at == std::string::npos ? 0 : std::stoi(r.out.substr(at + 6));
+}
+
+TEST_F(PrintDrawingsCommand, DrawingsAndTheFlowDiagramPrintAsPdfPages) {
+  const fs::path jet = dir / "SOLVENT-LOADS-THREE-STAGE.JET";
+  fs::copy_file(fs::path(KESTRANE_SOURCE_DIR) / "usrfiles" / jet.filename(), jet);
+  const fs::path drawings = dir / "drawings.pdf", diagram = dir / "diagram.pdf", all = dir / "all.pdf";
+  ASSERT_EQ(Kestrane("print drawings " + Quoted(jet) + " --format pdf -o " + Quoted(drawings)).exit_code, 0);
+  EXPECT_EQ(PdfPages(drawings), 1) << "six pieces of equipment, one page";
+  const CliRun text = kestrane::testing::Run("pdftotext -layout " + Quoted(drawings) + " -");
+  EXPECT_NE(text.out.find("Preliminary Drawings"), std::string::npos);
+  ASSERT_EQ(Kestrane("print flow-diagram " + Quoted(jet) + " --format pdf -o " + Quoted(diagram)).exit_code, 0);
+  EXPECT_EQ(PdfPages(diagram), 1);
+  // All output: the two sheets, the drawings and the flow diagram.
+  ASSERT_EQ(Kestrane("print all " + Quoted(jet) + " --format pdf -o " + Quoted(all)).exit_code, 0);
+  EXPECT_EQ(PdfPages(all), 4);
+  // Drawings have no text form.
+  EXPECT_EQ(Kestrane("print drawings " + Quoted(jet) + " --format txt").exit_code, 2);
+}
+
+}  // namespace

@@ -7,7 +7,10 @@
 #include <set>
 #include <string>
 
+#include "design_support.h"
 #include "drawings/drawing.h"
+#include "drawings/drawing_sets.h"
+#include "engine/results.h"
 #include "test_support.h"
 
 namespace fs = std::filesystem;
@@ -161,6 +164,44 @@ TEST(DrawingFiles, TheTestSheetHoldsEveryKindOfRow) {
   EXPECT_GE(text_angles.size(), 8u);
   EXPECT_GT(d.Arcs.count, 0);
   EXPECT_GT(d.Leaders.count, 0);
+}
+
+}  // namespace
+}  // namespace kestrane
+
+namespace kestrane {
+namespace {
+
+class ShippedDrawingsOfDesigns : public testing::ExampleDesign {};
+
+// Every drawing that a designed example opens, from the files the program ships: no placeholder is left, in
+// either unit system.
+TEST_F(ShippedDrawingsOfDesigns, EveryPlaceholderOfEveryDrawingADesignOpensIsFilled) {
+  AppData data = testing::ShippedData();
+  data.paths.pgmfiles = kShipped;
+  int drawings = 0;
+  for (const auto& entry : fs::directory_iterator(fs::path(KESTRANE_SOURCE_DIR) / "usrfiles")) {
+    if (entry.path().extension() != ".JET" || entry.path().filename() == "LRVP-BEYOND-LIMITS.JET") continue;
+    SCOPED_TRACE(entry.path().filename().string());
+    DesignExample(entry.path().filename().string());
+    const DesignContext shipped{dc, data, screen, pinterfix, ui};
+    for (bool metric : {false, true}) {
+      for (const EquipmentSlot& slot : EquipmentSlots(shipped, metric)) {
+        Drawing d;
+        int16_t failed = 0;
+        LoadSlotDrawing(d, shipped, slot, metric, failed);
+        ASSERT_EQ(failed, 0) << slot.caption;
+        ++drawings;
+        for (int i = 1; i <= d.Texts.count; ++i) {
+          EXPECT_EQ(Trim(d.Texts(i).text).find('?'), std::string::npos) << slot.caption << ": " << d.Texts(i).text;
+        }
+        for (int i = 1; i <= d.Dimensions.count; ++i) {
+          EXPECT_EQ(Trim(d.Dimensions(i).label).find('?'), std::string::npos) << slot.caption;
+        }
+      }
+    }
+  }
+  EXPECT_GT(drawings, 40);
 }
 
 }  // namespace

@@ -521,7 +521,8 @@ TEST_F(TailLegPrint, TheSheetIsFittedToThePageAndTheTablesDrawnLinesArcsLeadersT
   for (const auto& line : page.lines) {
     if (order.empty() || order.back() != line.colour) order.push_back(line.colour);
   }
-  EXPECT_EQ(order, (std::vector<SurfaceColour>{1, 2, 3, 4, 5, 6}));
+  // On paper lines, texts and dimensions print black (0); arcs, leaders and angles keep their layer's colour.
+  EXPECT_EQ(order, (std::vector<SurfaceColour>{0, 2, 3, 0, 6}));
   EXPECT_TRUE(page.boxes.empty());  // no sheet edge
   // The page was ended: the printer's position is back at the top.
   EXPECT_EQ(printer.CurrentY(), 0);

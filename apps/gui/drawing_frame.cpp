@@ -11,6 +11,7 @@
 namespace kestrane::gui {
 
 DrawingFrame::DrawingFrame(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   view = new DrawingView(drawing);
@@ -75,6 +76,7 @@ SlotPicture RenderSlotPicture(Drawing& drawing, QSize size) {
 }
 
 SlotRow::SlotRow(DrawingFrame& frame, QWidget* parent) : QWidget(parent), frame_(frame) {
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addStretch();

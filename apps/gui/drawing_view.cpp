@@ -11,6 +11,7 @@ namespace kestrane::gui {
 DrawingView::DrawingView(Drawing& drawing, QWidget* parent) : QWidget(parent), d_(drawing) {
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(160, 120);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   image_ = QImage(size().expandedTo(QSize(1, 1)), QImage::Format_RGB32);
 }
 
@@ -39,6 +40,16 @@ void DrawingView::End() {
   painter_->end();
   painter_.reset();
   update();
+  // The view was resized during the redraw: draw again at the new size.
+  if (resized_) QMetaObject::invokeMethod(this, [this] { Resize(); }, Qt::QueuedConnection);
+}
+
+void DrawingView::Resize() {
+  resized_ = false;
+  image_ = QImage(size().expandedTo(QSize(1, 1)), QImage::Format_RGB32);
+  image_.fill(Qt::black);
+  surface_.reset();
+  if (d_.font != nullptr) Fit();
 }
 
 void DrawingView::Fit() {
@@ -92,11 +103,11 @@ void DrawingView::paintEvent(QPaintEvent*) {
 }
 
 void DrawingView::resizeEvent(QResizeEvent*) {
-  if (depth_ > 0) return;  // a redraw in progress keeps its image; the next view event fits the new size
-  image_ = QImage(size().expandedTo(QSize(1, 1)), QImage::Format_RGB32);
-  image_.fill(Qt::black);
-  surface_.reset();
-  if (d_.font != nullptr) Fit();
+  if (depth_ > 0) {
+    resized_ = true;  // a redraw in progress keeps its image; the new size is drawn when it ends
+    return;
+  }
+  Resize();
 }
 
 void DrawingView::keyPressEvent(QKeyEvent* event) {

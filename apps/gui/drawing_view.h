@@ -44,6 +44,9 @@ class DrawingView : public QWidget {
   // Points the drawing at this view's image for a redraw, and back afterwards.
   void Begin();
   void End();
+  // A new image at the view's size, the whole sheet fitted in it.
+  void Resize();
+  bool resized_ = false;
   Drawing& d_;
   QImage image_;
   std::unique_ptr<QPainter> painter_;

@@ -136,6 +136,9 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   layout->addWidget(cmdDebugger, 0, Qt::AlignLeft);
   connect(cmdDebugger, &QPushButton::toggled, this, [this](bool on) {
     Grid1->setVisible(on);
+    // The debug view: the grid takes the pictures' room too.
+    if (on) pictures->Close();
+    pictures->setVisible(!on);
     // Open, the grid takes two thirds of the height: enough rows to read beside the results.
     if (on) splitter_->setSizes({splitter_->height() / 3, splitter_->height() - splitter_->height() / 3});
   });
