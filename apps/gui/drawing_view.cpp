@@ -45,6 +45,10 @@ void DrawingView::End() {
 }
 
 void DrawingView::Resize() {
+  if (depth_ > 0) {
+    resized_ = true;  // run from within a redraw's events: the image is in use; its end comes back here
+    return;
+  }
   resized_ = false;
   image_ = QImage(size().expandedTo(QSize(1, 1)), QImage::Format_RGB32);
   image_.fill(Qt::black);
@@ -102,13 +106,7 @@ void DrawingView::paintEvent(QPaintEvent*) {
   p.drawImage(0, 0, image_);
 }
 
-void DrawingView::resizeEvent(QResizeEvent*) {
-  if (depth_ > 0) {
-    resized_ = true;  // a redraw in progress keeps its image; the new size is drawn when it ends
-    return;
-  }
-  Resize();
-}
+void DrawingView::resizeEvent(QResizeEvent*) { Resize(); }
 
 void DrawingView::keyPressEvent(QKeyEvent* event) {
   const int16_t code = KeyCode(event->key());
