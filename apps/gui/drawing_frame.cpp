@@ -143,4 +143,15 @@ void SlotRow::Close() {
   if (frame_shown) frame_shown(false);
 }
 
+SlotRow* AddDrawingPanel(QBoxLayout& layout, QWidget& lists, const DrawFont& font, DrawingFrame*& frame) {
+  frame = new DrawingFrame;
+  frame->drawing.font = &font;
+  frame->hide();
+  layout.addWidget(frame, 1);
+  auto* row = new SlotRow(*frame);
+  row->frame_shown = [&lists](bool shown) { lists.setVisible(!shown); };
+  layout.insertWidget(layout.indexOf(&lists), row);
+  return row;
+}
+
 }  // namespace kestrane::gui

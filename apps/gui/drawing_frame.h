@@ -2,6 +2,7 @@
 // with the drawing, its pan and zoom controls and keys.
 #pragma once
 
+#include <QBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QToolButton>
@@ -68,5 +69,9 @@ class SlotRow : public QWidget {
   std::function<void(Drawing&, int, bool, int16_t&)> load_;
   int selected_ = -1;
 };
+
+// The pictures and the drawing frame of a window: the row of pictures before `lists` in `layout`, the frame
+// (hidden) after it, standing in place of `lists` while a drawing is open; its drawing strokes with `font`.
+SlotRow* AddDrawingPanel(QBoxLayout& layout, QWidget& lists, const DrawFont& font, DrawingFrame*& frame);
 
 }  // namespace kestrane::gui

@@ -124,13 +124,7 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   splitter_->addWidget(Grid1);
   splitter_->setChildrenCollapsible(false);
   layout->addWidget(splitter_, 1);
-  FrameDrawing = new DrawingFrame;
-  FrameDrawing->drawing.font = &w_.session.data.font;
-  FrameDrawing->hide();
-  layout->addWidget(FrameDrawing, 1);
-  pictures = new SlotRow(*FrameDrawing);
-  pictures->frame_shown = [this](bool shown) { splitter_->setVisible(!shown); };
-  layout->insertWidget(layout->indexOf(splitter_), pictures);
+  pictures = AddDrawingPanel(*layout, *splitter_, w_.session.data.font, FrameDrawing);
   cmdDebugger = new QPushButton("Debugger");
   cmdDebugger->setCheckable(true);
   layout->addWidget(cmdDebugger, 0, Qt::AlignLeft);

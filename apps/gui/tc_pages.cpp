@@ -181,13 +181,7 @@ TCform::TCform(MainWindow& w) : Page(&w), w_(w) {
   grid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   row->addWidget(grid, 1);
   lists->addLayout(row, 1);
-  FrameDrawing = new DrawingFrame;
-  FrameDrawing->drawing.font = &w_.session.data.font;
-  FrameDrawing->hide();
-  layout->addWidget(FrameDrawing, 1);
-  Image1 = new SlotRow(*FrameDrawing);
-  Image1->frame_shown = [this](bool shown) { lists_->setVisible(!shown); };
-  layout->insertWidget(layout->indexOf(lists_), Image1);
+  Image1 = AddDrawingPanel(*layout, *lists_, w_.session.data.font, FrameDrawing);
 }
 
 void TCform::SetResultsMode(int mode) {

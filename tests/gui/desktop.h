@@ -51,6 +51,14 @@ class Desktop : public ::testing::Test {
     while (!done() && timer.elapsed() < ms) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     return done();
   }
+  // Starts the program, opens the case `file` in the design input and designs it; the results window stands.
+  void DesignFile(const fs::path& file) {
+    ASSERT_TRUE(window->Start());
+    window->SwapForms(window->Current(), Form::frmJetInput);
+    ASSERT_TRUE(Input()->OpenFile(QString::fromStdString(file.string())));
+    Input()->DesignSystem();
+    ASSERT_TRUE(WaitFor([&] { return window->Current() == Form::frmJET0; }));
+  }
   frmJetInput* Input() { return static_cast<frmJetInput*>(window->PageOf(Form::frmJetInput)); }
   frmJET0* Results() { return static_cast<frmJET0*>(window->PageOf(Form::frmJET0)); }
   // Focus leaves a box: the window takes its text as the user typed it.

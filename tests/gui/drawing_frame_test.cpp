@@ -11,13 +11,7 @@ namespace {
 
 class DrawingFrameTest : public Desktop {
  protected:
-  void Design(const std::string& example) {
-    ASSERT_TRUE(window->Start());
-    window->SwapForms(window->Current(), Form::frmJetInput);
-    ASSERT_TRUE(Input()->OpenFile(QString::fromStdString((kProgram / "usrfiles" / example).string())));
-    Input()->DesignSystem();
-    ASSERT_TRUE(WaitFor([&] { return window->Current() == Form::frmJET0; }));
-  }
+  void Design(const std::string& example) { DesignFile(kProgram / "usrfiles" / example); }
   SlotRow* Slots() { return Results()->pictures; }
   // Whether a text or dimension label of the open drawing still reads `key`.
   bool Holds(const std::string& key) {

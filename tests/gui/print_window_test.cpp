@@ -27,13 +27,7 @@ class PrintWindow : public Desktop {
     fs::copy_file(kProgram / "usrfiles" / example, to, fs::copy_options::overwrite_existing);
     return to;
   }
-  void Design(const std::string& example) {
-    ASSERT_TRUE(window->Start());
-    window->SwapForms(window->Current(), Form::frmJetInput);
-    ASSERT_TRUE(Input()->OpenFile(QString::fromStdString(Copy(example).string())));
-    Input()->DesignSystem();
-    ASSERT_TRUE(WaitFor([&] { return window->Current() == Form::frmJET0; }));
-  }
+  void Design(const std::string& example) { DesignFile(Copy(example)); }
   QAction* Entry(const char* name) { return Results()->findChild<QAction*>(name); }
   QAction* PrintMenu() {
     for (QAction* a : Results()->menus->actions()) {

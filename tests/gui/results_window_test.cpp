@@ -11,13 +11,7 @@ namespace {
 
 class ResultsWindow : public Desktop {
  protected:
-  void Design(const std::string& example) {
-    ASSERT_TRUE(window->Start());
-    window->SwapForms(window->Current(), Form::frmJetInput);
-    ASSERT_TRUE(Input()->OpenFile(QString::fromStdString((kProgram / "usrfiles" / example).string())));
-    Input()->DesignSystem();
-    ASSERT_TRUE(WaitFor([&] { return window->Current() == Form::frmJET0; }));
-  }
+  void Design(const std::string& example) { DesignFile(kProgram / "usrfiles" / example); }
   // The row captions of a frame, by its title; empty when the frame is not shown.
   QStringList Captions(const QString& title) {
     QStringList captions;
