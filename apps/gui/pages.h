@@ -166,6 +166,7 @@ class TailLeg : public Page {
   std::array<QLineEdit*, 3> txtTailLeg{};
   std::array<QLabel*, 2> lblAns{};
   QPushButton* cmdCalculate;
+  QPushButton* cmdPrint;
 
  private:
   BoxWatcher watcher_;

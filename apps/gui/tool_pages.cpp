@@ -5,6 +5,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "documents/page_frame.h"
+#include "drawings/tail_leg_print.h"
 #include "pages.h"
 #include "properties/vb.h"
 #include "trap.h"
@@ -106,9 +108,23 @@ TailLeg::TailLeg(MainWindow& w) : Page(&w), watcher_(this, w.ui) {
   auto* buttons = new QHBoxLayout;
   cmdCalculate = new QPushButton("&Calculate");
   buttons->addWidget(cmdCalculate);
+  cmdPrint = new QPushButton("&Print");
+  buttons->addWidget(cmdPrint);
   buttons->addStretch();
   buttons->addWidget(ExitButton(w, Form::TailLeg, this));
   layout->addLayout(buttons);
+  // The print-out on its prepared drawing, with the figures as the window shows them.
+  connect(cmdPrint, &QPushButton::clicked, this, Trapped(w.ui, [this, &w] {
+    std::array<std::string, 3> inputs;
+    for (size_t i = 0; i < 3; ++i) inputs[i] = S(txtTailLeg[i]->text());
+    const std::array<std::string, 2> answers = {S(lblAns[0]->text()), S(lblAns[1]->text())};
+    const std::string date = ReportDate(w.session.Today());
+    w.preview(this, {Caption(), [&w, inputs, answers, date](PageSink& printer) {
+                       Drawing d;
+                       d.font = &w.session.data.font;
+                       PrintTailLeg(printer, d, w.session.data.paths.DataFile("KSII.CAD"), inputs, answers, date, w.ui);
+                     }});
+  }));
   connect(cmdCalculate, &QPushButton::clicked, this, Trapped(w.ui, [this] {
     for (size_t i = 0; i < 3; ++i) model_.txtTailLeg[i] = S(txtTailLeg[i]->text());
     if (CalculateTailLeg(model_)) {

@@ -124,3 +124,43 @@ TEST_F(DrawingFrameTest, TheThermoCompressorWindowShowsItsEjectorDrawing) {
 }
 
 }  // namespace
+
+namespace {
+
+// A page that counts what a drawing draws on it.
+class CountingPage : public PageSink {
+ public:
+  class Strokes : public DrawingSurface {
+   public:
+    void Cls() override {}
+    void Line(float, float, float, float) override { ++lines; }
+    void Box(float, float, float, float, SurfaceColour) override {}
+    SurfaceColour BackColor() const override { return 0xFFFFFF; }
+    float Width() const override { return 8.5f; }
+    float Height() const override { return 11.0f; }
+    int lines = 0;
+  } strokes;
+  DrawingSurface* DrawingTarget() override { return &strokes; }
+
+ protected:
+  void Text(float, float, const std::string&, const PrintFont&) override {}
+  void EndPage(float) override {}
+};
+
+TEST_F(Desktop, TheTailLegPrintsOnItsDrawingWithTheFiguresShown) {
+  ASSERT_TRUE(window->Start());
+  window->SwapForms(Form::MainForm, Form::TailLeg);
+  auto* tail = static_cast<TailLeg*>(window->PageOf(Form::TailLeg));
+  tail->txtTailLeg[1]->setText("0");
+  tail->txtTailLeg[2]->setText("1");
+  tail->cmdCalculate->click();
+  ASSERT_EQ(tail->lblAns[0]->text(), "33.9 feet");
+  CountingPage page;
+  window->preview = [&](QWidget*, const ReportJob& job) { job.print(page); };
+  tail->cmdPrint->click();
+  EXPECT_TRUE(ui.notices.empty());
+  EXPECT_EQ(page.pages(), 1) << "one page, drawing only";
+  EXPECT_GT(page.strokes.lines, 200) << "the sheet with its stroked texts";
+}
+
+}  // namespace
