@@ -160,7 +160,7 @@ TEST_F(PrintCommand, WhatCannotBePrintedEndsWithItsExitCode) {
   // A PDF with nowhere to go.
   const CliRun nowhere = Print("spec-sheet " + Quoted(Copy("ONE-STAGE-NO-CONDENSERS.JET")) + " --format pdf");
   EXPECT_EQ(nowhere.exit_code, 2);
-  EXPECT_NE(nowhere.err.find("-o"), std::string::npos);
+  EXPECT_NE(nowhere.err.find("-o FILE.pdf"), std::string::npos);
   // A folder that does not exist: the file is named, nothing is left behind.
   const CliRun unwritable = Print("spec-sheet " + Quoted(Copy("ONE-STAGE-NO-CONDENSERS.JET")) + " --format pdf -o " +
                                   Quoted(dir / "no" / "such.pdf"));
@@ -200,6 +200,17 @@ TEST_F(PrintDrawingsCommand, DrawingsAndTheFlowDiagramPrintAsPdfPages) {
   EXPECT_EQ(PdfPages(all), 4);
   // Drawings have no text form.
   EXPECT_EQ(Kestrane("print drawings " + Quoted(jet) + " --format txt").exit_code, 2);
+  // As images: a file a page, the later ones numbered.
+  const CliRun png = Kestrane("print all " + Quoted(jet) + " --format png -o " + Quoted(dir / "all.png"));
+  ASSERT_EQ(png.exit_code, 0) << png.err;
+  for (const char* page : {"all.png", "all-2.png", "all-3.png", "all-4.png"}) {
+    EXPECT_EQ(kestrane::testing::ReadBytes(dir / page).substr(1, 3), "PNG") << page;
+  }
+  EXPECT_FALSE(fs::exists(dir / "all-5.png"));
+  EXPECT_NE(png.err.find("all-4.png"), std::string::npos) << "the command names the pages after the first";
+  ASSERT_EQ(Kestrane("print flow-diagram " + Quoted(jet) + " --format svg -o " + Quoted(dir / "flow.svg")).exit_code, 0);
+  EXPECT_NE(kestrane::testing::ReadBytes(dir / "flow.svg").find("<svg"), std::string::npos);
+  EXPECT_FALSE(fs::exists(dir / "flow.svg.part"));
 }
 
 }  // namespace

@@ -42,22 +42,36 @@ struct PrintArgs {
   std::string out;
 };
 
-// The pages of a report in the asked form: plain text, or a PDF painted by Qt.
+// The pages of a report in the asked form: plain text, a PDF, or an image file a page, painted by Qt.
 class ReportOutput {
  public:
   explicit ReportOutput(const PrintArgs& args) : args_(args) {
     if (args.format == "pdf") {
       StartPainting();
       pdf_ = std::make_unique<PdfPages>(args.out);
+    } else if (args.format != "txt") {
+      StartPainting();
+      files_ = std::make_unique<FilePages>(args.out, args.format);
     }
   }
-  PageSink& pages() { return pdf_ ? pdf_->pages() : text_; }
+  PageSink& pages() {
+    if (pdf_) return pdf_->pages();
+    if (files_) return *files_;
+    return text_;
+  }
 
   // Writes the pages to the output file (standard output for text without -o).
   void Finish(const RecordingUi& ui) {
     std::string error;
     if (pdf_) {
       if (!pdf_->Commit(error)) Fail(kExitUsage, error, ui);
+      return;
+    }
+    if (files_) {
+      if (!files_->error().empty()) Fail(kExitUsage, files_->error(), ui);
+      for (size_t i = 1; i < files_->written().size(); ++i) {
+        std::fprintf(stderr, "Page %zu is in %s.\n", i + 1, files_->written()[i].string().c_str());
+      }
       return;
     }
     if (args_.out.empty() || args_.out == "-") {
@@ -74,6 +88,7 @@ class ReportOutput {
  private:
   const PrintArgs& args_;
   std::unique_ptr<PdfPages> pdf_;
+  std::unique_ptr<FilePages> files_;
   TextPages text_;
 };
 
@@ -147,10 +162,10 @@ int Print(const GlobalOptions& options, const PrintArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(false);
   if (args.format == "txt" && (args.what == "drawings" || args.what == "flow-diagram")) {
-    Fail(kExitUsage, "Drawings print as pdf: --format pdf -o FILE.pdf", ui);
+    Fail(kExitUsage, "Drawings print as pdf, svg or png: --format pdf -o FILE.pdf", ui);
   }
-  if (args.format == "pdf" && (args.out.empty() || args.out == "-")) {
-    Fail(kExitUsage, "A PDF needs an output file: -o FILE.pdf", ui);
+  if (args.format != "txt" && (args.out.empty() || args.out == "-")) {
+    Fail(kExitUsage, "A PDF, SVG or PNG needs an output file: -o FILE." + args.format, ui);
   }
   LoadDesignData(*session, ui);
   return args.what == "tc-sheets" ? PrintTcSheets(*session, args, ui) : PrintDesignSheets(*session, args, ui);
@@ -170,8 +185,10 @@ void AddPrintCommand(CLI::App& app, const GlobalOptions& options, int& exit_code
       ->required()
       ->check(CLI::IsMember({"spec-sheet", "data-sheet", "drawings", "flow-diagram", "all", "tc-sheets"}));
   print->add_option("CASE", args->file, "Case file (.JET, or .TTC for tc-sheets)")->required();
-  print->add_option("--format", args->format, "txt: the printed lines, a form feed between pages; pdf: the pages")
-      ->check(CLI::IsMember({"txt", "pdf"}));
+  print->add_option("--format", args->format,
+                    "txt: the printed lines, a form feed between pages; pdf: the pages; svg or png: a file a page "
+                    "(the second page FILE-2.png...)")
+      ->check(CLI::IsMember({"txt", "pdf", "svg", "png"}));
   print->add_option("-o,--output", args->out, "Output file (text goes to standard output without it)");
   print->callback([&options, &exit_code, args] { exit_code = Print(options, *args); });
 }

@@ -5,7 +5,9 @@
 
 #include <QFontDatabase>
 #include <QPageLayout>
+#include <QImage>
 #include <QPdfWriter>
+#include <QSvgGenerator>
 #include <algorithm>
 #include <system_error>
 
@@ -21,8 +23,8 @@ QFont ReportFont(const PrintFont& font) {
   return f;
 }
 
-PainterPages::PainterPages(QPagedPaintDevice& device) : device_(device) {
-  device_.setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+PainterPages::PainterPages(QPagedPaintDevice& device) : device_(&device) {
+  device_->setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
 }
 
 PainterPages::~PainterPages() { Finish(); }
@@ -57,38 +59,100 @@ void PainterPages::PageStrokes::Box(float x1, float y1, float x2, float y2, Surf
   DrawStyle = style;
 }
 
-void PainterPages::EndPage(float bottom_twips) {
-  device_.setPageOrientation(orientation == 2 ? QPageLayout::Landscape : QPageLayout::Portrait);
+QPainter& PainterPages::BeginPagePainter(bool landscape, QPaintDevice*& device) {
+  device_->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
   if (!started_) {
-    painter_.begin(&device_);
+    painter_.begin(device_);
     started_ = true;
   } else {
-    device_.newPage();
+    device_->newPage();
   }
+  device = device_;
+  return painter_;
+}
+
+void PainterPages::EndPage(float bottom_twips) {
+  QPaintDevice* device = nullptr;
+  QPainter& painter = BeginPagePainter(orientation == 2, device);
   // Device units per twip; a page whose lines run past its lower edge is shrunk to fit.
-  const double unit = device_.logicalDpiY() / 1440.0;
+  const double unit = device->logicalDpiY() / 1440.0;
   const double height = orientation == 2 ? kPageWidthTwips : kPageHeightTwips;
   const double fit = bottom_twips > height ? height / bottom_twips : 1.0;
-  painter_.save();
-  painter_.scale(unit * fit, unit * fit);
-  painter_.setPen(Qt::black);
+  painter.save();
+  painter.scale(unit * fit, unit * fit);
+  painter.setPen(Qt::black);
   for (const Line& line : lines_) {
     // The font sized in twips, the painter's unit here: the device sizes points at its own resolution.
     QFont f = ReportFont(line.font);
-    f.setPointSizeF(line.font.size * 1440.0 / device_.logicalDpiY());
-    painter_.setFont(f);
-    const QFontMetricsF metrics(f, &device_);
-    painter_.drawText(QPointF(line.x, line.y + metrics.ascent()), QString::fromStdString(line.text));
+    f.setPointSizeF(line.font.size * 1440.0 / device->logicalDpiY());
+    painter.setFont(f);
+    const QFontMetricsF metrics(f, device);
+    painter.drawText(QPointF(line.x, line.y + metrics.ascent()), QString::fromStdString(line.text));
   }
   // Drawing strokes: DrawWidth in dots of a 600 dpi printer.
   for (const Stroke& stroke : strokes_list_) {
-    painter_.setPen(SurfacePen(stroke.colour, stroke.style, std::max<int>(stroke.width, 1) * 1440.0 / 600.0));
-    painter_.drawLine(QPointF(stroke.x1, stroke.y1), QPointF(stroke.x2, stroke.y2));
+    painter.setPen(SurfacePen(stroke.colour, stroke.style, std::max<int>(stroke.width, 1) * 1440.0 / 600.0));
+    painter.drawLine(QPointF(stroke.x1, stroke.y1), QPointF(stroke.x2, stroke.y2));
   }
-  painter_.restore();
+  painter.restore();
   lines_.clear();
   strokes_list_.clear();
+  EndPagePainter();
 }
+
+FilePages::FilePages(std::filesystem::path path, std::string form) : path_(std::move(path)), form_(std::move(form)) {}
+
+FilePages::~FilePages() {
+  if (painter_.isActive()) painter_.end();
+  std::error_code ec;
+  if (!temp_.empty()) std::filesystem::remove(temp_, ec);
+}
+
+QPainter& FilePages::BeginPagePainter(bool landscape, QPaintDevice*& device) {
+  constexpr int kDots = 150;  // a Letter page, 8.5 x 11 in
+  const QSize size = landscape ? QSize(11 * kDots, 17 * kDots / 2) : QSize(17 * kDots / 2, 11 * kDots);
+  std::filesystem::path file = path_;
+  if (!written_.empty()) {
+    file = path_.parent_path() / (path_.stem().string() + "-" + std::to_string(written_.size() + 1) +
+                                  path_.extension().string());
+  }
+  temp_ = file;
+  temp_ += ".part";
+  if (form_ == "svg") {
+    auto svg = std::make_unique<QSvgGenerator>();
+    svg->setFileName(QString::fromStdString(temp_.string()));
+    svg->setSize(size);
+    svg->setViewBox(QRect(QPoint(0, 0), size));
+    svg->setResolution(kDots);
+    page_ = std::move(svg);
+  } else {
+    auto image = std::make_unique<QImage>(size, QImage::Format_RGB32);
+    image->setDotsPerMeterX(static_cast<int>(kDots / 0.0254));
+    image->setDotsPerMeterY(static_cast<int>(kDots / 0.0254));
+    image->fill(Qt::white);
+    page_ = std::move(image);
+  }
+  painter_.begin(page_.get());
+  painter_.setRenderHint(QPainter::Antialiasing);
+  device = page_.get();
+  written_.push_back(file);
+  return painter_;
+}
+
+void FilePages::EndPagePainter() {
+  painter_.end();
+  bool saved = true;
+  if (form_ != "svg") saved = static_cast<QImage*>(page_.get())->save(QString::fromStdString(temp_.string()), "PNG");
+  page_.reset();  // an SVG is written as its generator goes
+  std::error_code ec;
+  if (saved) std::filesystem::rename(temp_, written_.back(), ec);
+  if (!saved || ec) {
+    std::filesystem::remove(temp_, ec);
+    if (error_.empty()) error_ = "The file " + written_.back().string() + " could not be written.";
+  }
+  temp_.clear();
+}
+
 
 PdfPages::PdfPages(std::filesystem::path path) : path_(std::move(path)) {
   temp_ = path_;

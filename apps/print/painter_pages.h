@@ -33,6 +33,13 @@ class PainterPages : public PageSink {
   void Text(float x_twips, float y_twips, const std::string& text, const PrintFont& font) override;
   void EndPage(float bottom_twips) override;
 
+  // Pages each on a device of their own (FilePages).
+  PainterPages() = default;
+  // The painter of the next page, begun on its device (`device` set to it), landscape or not; the page painted,
+  // EndPagePainter finishes it.
+  virtual QPainter& BeginPagePainter(bool landscape, QPaintDevice*& device);
+  virtual void EndPagePainter() {}
+
  private:
   struct Line {
     float x, y;
@@ -60,12 +67,37 @@ class PainterPages : public PageSink {
     void Add(float x1, float y1, float x2, float y2, SurfaceColour colour);
     PainterPages& pages_;
   };
-  QPagedPaintDevice& device_;
+  QPagedPaintDevice* device_ = nullptr;
   QPainter painter_;
   std::vector<Line> lines_;
   std::vector<Stroke> strokes_list_;
   PageStrokes strokes_{*this};
   bool started_ = false;
+};
+
+// Pages as image files, one a page: PNG or SVG ("png", "svg"), a Letter page at 150 dots an inch. The first
+// page is `path`, the next ones have "-2", "-3"... before the extension. Each file is written to a temporary
+// name and renamed.
+class FilePages : public PainterPages {
+ public:
+  FilePages(std::filesystem::path path, std::string form);
+  ~FilePages() override;
+  // The files written; an error names the one that could not be.
+  const std::vector<std::filesystem::path>& written() const { return written_; }
+  const std::string& error() const { return error_; }
+
+ protected:
+  QPainter& BeginPagePainter(bool landscape, QPaintDevice*& device) override;
+  void EndPagePainter() override;
+
+ private:
+  std::filesystem::path path_;
+  std::string form_;
+  std::unique_ptr<QPaintDevice> page_;
+  std::filesystem::path temp_;
+  QPainter painter_;
+  std::vector<std::filesystem::path> written_;
+  std::string error_;
 };
 
 // A PDF file of report pages, the fonts embedded; written to a temporary name and renamed on Commit, so that a
