@@ -93,7 +93,7 @@ void LoadSteamTable(Session& session, RecordingUi& ui);
 // failure (with the notice shown) when the data base cannot be read.
 void LoadVapors(Session& session, RecordingUi& ui);
 
-// Reads everything a design needs: steam table, design curves and tables, vapors, pumps, the drawing font.
+// Reads everything a design needs: steam table, design curves and tables, vapors, pumps.
 void LoadDesignData(Session& session, RecordingUi& ui);
 
 // Prints a JSON document on standard output, its numbers in their shortest form (JsonText).

@@ -23,7 +23,7 @@ int Render(const GlobalOptions& options, const DrawingArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(false);
   const std::filesystem::path font_file = session->data.paths.DataFile(kDrawingFontFile);
-  DrawFont font;
+  DrawFont& font = session->data.font;
   if (!LoadDrawingFont(font_file, font)) FailToRead("The drawing font", font_file, ui);
   Drawing d;
   d.font = &font;

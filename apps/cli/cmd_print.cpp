@@ -168,6 +168,9 @@ int Print(const GlobalOptions& options, const PrintArgs& args) {
     Fail(kExitUsage, "A PDF, SVG or PNG needs an output file: -o FILE." + args.format, ui);
   }
   LoadDesignData(*session, ui);
+  // The drawings' stroke font, for the drawings and the compressor's sheet; without it drawings print their
+  // lines and no letters.
+  LoadDrawingFont(session->data.paths.DataFile(kDrawingFontFile), session->data.font);
   return args.what == "tc-sheets" ? PrintTcSheets(*session, args, ui) : PrintDesignSheets(*session, args, ui);
 }
 

@@ -64,8 +64,6 @@ void LoadDesignData(Session& session, RecordingUi& ui) {
   SetConstants(session.data.constants);
   ReadPumps(session.data.paths.DataFile(kPumpFile), session.data.pumps, ui);
   SetPumpTables(session.data.pumps.tables);
-  // The drawings' stroke font; without it drawings print their lines and no letters.
-  LoadDrawingFont(session.data.paths.DataFile(kDrawingFontFile), session.data.font);
 }
 
 namespace {

@@ -56,13 +56,7 @@ SlotPicture RenderSlotPicture(Drawing& drawing, QSize size) {
   SlotPicture picture;
   picture.bright = QImage(size, QImage::Format_RGB32);
   QPainter painter(&picture.bright);
-  painter.setRenderHint(QPainter::Antialiasing);
-  PainterSurface surface(painter, QRectF(picture.bright.rect()), QBColor(0));
-  DrawingSurface* const target = drawing.Target;
-  drawing.Target = &surface;
-  drawing.Printing = 0;
-  ZoomFit(drawing);
-  drawing.Target = target;
+  RenderDrawing(drawing, painter, QRectF(picture.bright.rect()), DrawingLook::kScreen);
   painter.end();
   // Idle: the same picture at a third of its brightness.
   picture.dim = picture.bright.copy();

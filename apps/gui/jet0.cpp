@@ -151,7 +151,7 @@ void frmJET0::ShowResults(bool results, const std::string& message) {
   }
   lblMessage->setText(Q(message));
   lblMessage->setVisible(!message.empty());
-  DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+  DesignContext ctx = w_.Context();
   const auto add = [](QVBoxLayout* column, const ResultsBlock& block) {
     auto* box = new QGroupBox(Q(block.title));
     auto* l = new QVBoxLayout(box);
@@ -191,7 +191,7 @@ void frmJET0::BuildSlots(bool results) {
   const bool metric = w_.screen.Metric();
   std::vector<EquipmentSlot> equipment;
   if (results) {
-    DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+    DesignContext ctx = w_.Context();
     equipment = EquipmentSlots(ctx, metric);
   }
   std::vector<std::string> captions;
@@ -199,8 +199,7 @@ void frmJET0::BuildSlots(bool results) {
   if (results) captions.push_back("Flow Diagram");
   pictures->BuildSlots(captions, [this, equipment, metric](Drawing& d, int n, bool quiet, int16_t& failed) {
     RecordingUi quiet_ui;
-    DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX,
-                      quiet ? static_cast<Ui&>(quiet_ui) : w_.ui};
+    DesignContext ctx = w_.Context(quiet ? static_cast<Ui&>(quiet_ui) : w_.ui);
     if (n < static_cast<int>(equipment.size())) {
       LoadSlotDrawing(d, ctx, equipment[static_cast<size_t>(n)], metric, failed);
     } else {
@@ -225,11 +224,11 @@ namespace {
 
 // The reports of the case shown, as a report job; the data sheet's text is written beside the case first.
 ReportJob DesignSheetsJob(MainWindow& w, const std::vector<Report>& reports, const QString& title) {
-  DesignContext ctx{w.session.design, w.session.data, w.screen, w.session.PINTERFIX, w.ui};
+  DesignContext ctx = w.Context();
   const std::string date = ReportDate(w.session.Today());
   auto sheets = std::make_shared<DesignSheets>(PrepareDesignSheets(reports, ctx, date, w.session.data.paths.usrfiles));
   return {title, [&w, reports, sheets, date](PageSink& printer) {
-            DesignContext at_print{w.session.design, w.session.data, w.screen, w.session.PINTERFIX, w.ui};
+            DesignContext at_print = w.Context();
             PrintDesignReports(reports, *sheets, at_print, date, printer);
           }};
 }

@@ -455,7 +455,7 @@ void frmJetInput::DesignSystem() {
     DesignOutcome outcome;
     std::string failure;
     try {
-      DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+      DesignContext ctx = w_.Context();
       outcome = design(ctx, w_.screen);
     } catch (...) {
       failure = CaughtErrorText();

@@ -83,6 +83,11 @@ class MainWindow : public QMainWindow {
   QtUi& ui;
   InputScreen screen;  // the design case on the input page
 
+  // What a design run or a results page works on: the session's case, data and carried state with the input
+  // page's screen; messages through `to` (a quiet one for work the user did not ask for).
+  DesignContext Context(Ui& to) { return {session.design, session.data, screen, session.PINTERFIX, to}; }
+  DesignContext Context() { return Context(ui); }
+
  protected:
   // Closing the program: each form with unsaved input asks first; a cancelled save keeps the program open.
   void closeEvent(QCloseEvent* event) override;

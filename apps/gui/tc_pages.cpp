@@ -141,7 +141,7 @@ bool TCInput::CheckToStore() {
 void TCInput::Design() {
   TcInput tcin;
   if (CheckTCInput(model, w_.session.design, tcin, Steam{w_.session.data.steam, w_.ui}, w_.ui) != 0) return;
-  DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+  DesignContext ctx = w_.Context();
   const TcOutcome outcome = DesignThermoCompressor(ctx, tcin);
   auto* results = static_cast<TCform*>(w_.PageOf(Form::TCform));
   results->tcres = tcin;
@@ -195,12 +195,12 @@ void TCform::SetResultsMode(int mode) {
 
 ReportJob TCform::SheetsJob() {
   auto* input = static_cast<TCInput*>(w_.PageOf(Form::TCInput));
-  DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+  DesignContext ctx = w_.Context();
   auto sheets = std::make_shared<TcSheets>(
       PrepareTcSheets(tcres, ctx, input->model, ReportDate(w_.session.Today()), w_.session.data.paths.usrfiles));
   const bool metric = input->model.Metric();
   return {Caption(), [this, sheets, metric](PageSink& printer) {
-            DesignContext at_print{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX, w_.ui};
+            DesignContext at_print = w_.Context();
             PrintTcReports(*sheets, at_print, metric, TcModel(w_.session.design), printer);
           }};
 }
@@ -246,8 +246,7 @@ void TCform::ShowResults(const TcOutcome& outcome) {
   const std::string model = TcModel(w_.session.design);
   Image1->BuildSlots({model}, [this, metric, model](Drawing& d, int, bool quiet, int16_t& failed) {
     RecordingUi quiet_ui;
-    DesignContext ctx{w_.session.design, w_.session.data, w_.screen, w_.session.PINTERFIX,
-                      quiet ? static_cast<Ui&>(quiet_ui) : w_.ui};
+    DesignContext ctx = w_.Context(quiet ? static_cast<Ui&>(quiet_ui) : w_.ui);
     LoadJetDrawing(d, ctx, 1, metric, model, failed);
   });
   body->setText(QString("Body type %1, compression ratio %2").arg(outcome.TYPE).arg(outcome.compressionRatio, 0, 'f', 3));

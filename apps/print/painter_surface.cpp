@@ -46,27 +46,24 @@ void PainterSurface::Box(float x1, float y1, float x2, float y2, SurfaceColour c
   painter_.drawRect(QRectF(Map(x1, y1), Map(x2, y2)).normalized());
 }
 
-namespace {
-
-// Renders the drawing fitted into the painter's `area`.
-void Render(Drawing& d, QPainter& painter, const QRectF& area, DrawingLook look) {
+void RenderDrawing(Drawing& d, QPainter& painter, const QRectF& area, DrawingLook look) {
   painter.setRenderHint(QPainter::Antialiasing);
   PainterSurface surface(painter, area, look == DrawingLook::kPrinted ? 0xFFFFFF : 0x000000);
   DrawingSurface* const target = d.Target;
   const int16_t printing = d.Printing;
   d.Target = &surface;
   d.Printing = look == DrawingLook::kPrinted ? -1 : 0;
-  ZoomFit(d);  // the view fitted to the page, and the screen's redraw
   if (look == DrawingLook::kPrinted) {
-    // On paper: drawn again over a clean page with the print colours.
+    // On paper: the fitted view over a clean page, in the print colours.
+    FitView(d);
     surface.Cls();
     PrintAll(d);
+  } else {
+    ZoomFit(d);
   }
   d.Target = target;
   d.Printing = printing;
 }
-
-}  // namespace
 
 bool RenderDrawingFile(Drawing& d, const std::string& form, const std::filesystem::path& path, int width, int height,
                        DrawingLook look, std::string& error) {
@@ -77,7 +74,7 @@ bool RenderDrawingFile(Drawing& d, const std::string& form, const std::filesyste
   if (form == "png") {
     QImage image(width, height, QImage::Format_RGB32);
     QPainter painter(&image);
-    Render(d, painter, QRectF(0, 0, width, height), look);
+    RenderDrawing(d, painter, QRectF(0, 0, width, height), look);
     painter.end();
     painted = image.save(file, "PNG");
   } else if (form == "svg") {
@@ -89,7 +86,7 @@ bool RenderDrawingFile(Drawing& d, const std::string& form, const std::filesyste
     QPainter painter;
     painted = painter.begin(&svg);
     if (painted) {
-      Render(d, painter, QRectF(0, 0, width, height), look);
+      RenderDrawing(d, painter, QRectF(0, 0, width, height), look);
       painted = painter.end();
     }
   } else {
@@ -101,7 +98,7 @@ bool RenderDrawingFile(Drawing& d, const std::string& form, const std::filesyste
     QPainter painter;
     painted = painter.begin(&pdf);
     if (painted) {
-      Render(d, painter, QRectF(QPointF(0, 0), QSizeF(pdf.width(), pdf.height())), look);
+      RenderDrawing(d, painter, QRectF(QPointF(0, 0), QSizeF(pdf.width(), pdf.height())), look);
       painted = painter.end();
     }
   }

@@ -39,6 +39,10 @@ class PainterSurface : public DrawingSurface {
 // How a drawing is rendered to a file: black on white as it prints, or in the screen's colours on black.
 enum class DrawingLook { kPrinted, kScreen };
 
+// Renders the whole drawing fitted into `area` of the painter's device, in the look asked; the drawing's target
+// and print flag are restored afterwards.
+void RenderDrawing(Drawing& d, QPainter& painter, const QRectF& area, DrawingLook look);
+
 // Renders the whole drawing, fitted to the page, to an SVG, PDF or PNG file by the file's form ("svg", "pdf",
 // "png"): `width` x `height` pixels for PNG and SVG, a Letter page in landscape for PDF. False with the reason
 // in `error` when the file cannot be written.

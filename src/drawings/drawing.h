@@ -134,6 +134,9 @@ SheetSize ScaledSheet(const Drawing& d);
 
 // The view.
 void ApplyView(Drawing& d);
+// The whole sheet with a margin of 2 % on the side that fills the surface, set as the view without drawing.
+void FitView(Drawing& d);
+// FitView, then the redraw.
 void ZoomFit(Drawing& d);
 void ViewCommand(Drawing& d, int16_t op);
 void ZoomAt(Drawing& d, float x, float y, int16_t button);

@@ -15,9 +15,8 @@ void PrintDrawingPage(PageSink& printer, Drawing& d) {
     d.Target = surface;
     d.Printing = -1;
     surface->DrawWidth = 3;
-    // Fitted as on screen, with its margin; then drawn over a clean page in the print colours.
-    ZoomFit(d);
-    surface->Cls();
+    // Fitted as on screen, with its margin, and drawn in the print colours.
+    FitView(d);
     printer.Touch();
     PrintAll(d);
     ResetPrinter(*surface);

@@ -58,7 +58,7 @@ void ApplyView(Drawing& d) {
   t.ScaleLeft = d.ViewLeft;
 }
 
-void ZoomFit(Drawing& d) {
+void FitView(Drawing& d) {
   const SheetSize sheet = ScaledSheet(d);
   d.ReqX1 = 0;
   d.ReqY1 = 0;
@@ -73,6 +73,10 @@ void ZoomFit(Drawing& d) {
     d.ReqY2 = static_cast<float>(sheet.height * 1.019999999553);
   }
   ApplyView(d);
+}
+
+void ZoomFit(Drawing& d) {
+  FitView(d);
   DrawAll(d);
 }
 
