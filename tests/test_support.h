@@ -42,7 +42,8 @@ inline void WriteBytes(const std::filesystem::path& p, const std::string& bytes)
 
 // Puts the shipped steam table and vapor data base into a data folder.
 inline void CopyProgramData(const std::filesystem::path& pgmfiles) {
-  for (const char* name : {"MOLVBLG.DTA", "PSAT.DTA", "VPX.DTA", "CVRT.DTA"}) {
+  for (const char* name : {"MOLVBLG.DTA", "PSAT.DTA", "VPX.DTA", "CVRT.DTA", "KSConfig.DTA", "MULTIPLE.PRC", "TUBE.PRC",
+                           "JETPRC.PRC"}) {
     std::filesystem::copy_file(std::filesystem::path(KESTRANE_SOURCE_DIR) / "pgmfiles" / name, pgmfiles / name,
                                std::filesystem::copy_options::overwrite_existing);
   }
@@ -60,6 +61,7 @@ inline const AppData& ShippedData() {
     SetConstants(d->constants);
     ReadPumps(pgm / "VPX.DTA", d->pumps, ui);
     SetPumpTables(d->pumps.tables);
+    ReadPricing(PathsForDataFolder(pgm, pgm), d->pricing);
     return d;
   }();
   return *data;

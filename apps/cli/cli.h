@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/design_run.h"
 #include "json_text.h"
 #include "shell/session.h"
 #include "shell/ui.h"
@@ -93,8 +94,17 @@ void LoadSteamTable(Session& session, RecordingUi& ui);
 // failure (with the notice shown) when the data base cannot be read.
 void LoadVapors(Session& session, RecordingUi& ui);
 
-// Reads everything a design needs: steam table, design curves and tables, vapors, pumps.
+// Reads everything a design needs: steam table, design curves and tables, vapors, pumps, and the pricing data.
 void LoadDesignData(Session& session, RecordingUi& ui);
+
+// Opens a case file into `screen` and designs it, for a command that works on the design's results (`verb`:
+// "print", "price"). Fails when the case cannot be read or designed, refuses when its input is refused, and fails
+// when the design leaves no results.
+DesignOutcome DesignCaseFile(Session& session, const std::string& file, InputScreen& screen, CliUi& ui,
+                             const std::string& verb);
+
+// A usage failure that says why when pricing is off (the configuration's mode, or the price file that failed).
+void RequirePricing(const Session& session, const RecordingUi& ui);
 
 // Prints a JSON document on standard output, its numbers in their shortest form (JsonText).
 void PrintJson(const nlohmann::json& doc);
@@ -116,5 +126,6 @@ void AddTcCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddCalculatorCommands(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddPrintCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddDrawingCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
+void AddPriceCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 
 }  // namespace kestrane::cli

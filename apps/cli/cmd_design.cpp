@@ -182,7 +182,7 @@ CaseRun DesignOne(Session& session, const std::string& file, const DesignArgs& a
       outcome.errors.push_back(RunTimeErrorText(e));
       outcome.results = false;
     }
-    if (outcome.results && session.data.internal_mode == 2) WriteGridCsv(grid, GridCsvPath(), ui);
+    if (outcome.results && session.data.pricing.PRICEMODE == 2) WriteGridCsv(grid, GridCsvPath(), ui);
     if (outcome.input_error != 0) {
       run.exit_code = kExitRefused;
     } else if (!outcome.errors.empty()) {

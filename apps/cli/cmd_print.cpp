@@ -12,6 +12,7 @@
 #include "documents/text_pages.h"
 #include "engine/design_run.h"
 #include "painter_pages.h"
+#include "pricing/price_report.h"
 #include "properties/vb_file.h"
 #include "thermo/tc_file.h"
 #include "thermo/tc_input.h"
@@ -105,16 +106,8 @@ void TellTextFile(const std::filesystem::path& path) {
 
 int PrintDesignSheets(Session& session, const PrintArgs& args, CliUi& ui) {
   InputScreen screen = NewCase();
-  if (!OpenCase(args.file, screen, ui)) FailToRead("The case", args.file, ui);
+  const DesignOutcome outcome = DesignCaseFile(session, args.file, screen, ui, "print");
   DesignContext ctx{session.design, session.data, screen, session.PINTERFIX, ui};
-  DesignOutcome outcome;
-  try {
-    outcome = RunDesign(ctx, screen);
-  } catch (const VbError& e) {
-    Fail(kExitDesignError, "The case could not be designed: " + RunTimeErrorText(e), ui);
-  }
-  if (outcome.input_error != 0) Refuse("The input was refused: nothing was printed.", ui);
-  if (!outcome.results) Fail(kExitDesignError, "The design has no results to print (" + outcome.lblMessage + ").", ui);
 
   // "all" is the menu's all output; drawings and the flow diagram are pictures, left out of the text form.
   const bool all = args.what == "all";
@@ -158,6 +151,19 @@ int PrintTcSheets(Session& session, const PrintArgs& args, CliUi& ui) {
   return kExitDone;
 }
 
+// The pricing breakdown of a case; exit 1 when it could not be completed.
+int PrintPrice(Session& session, const PrintArgs& args, CliUi& ui) {
+  RequirePricing(session, ui);
+  InputScreen screen = NewCase();
+  DesignCaseFile(session, args.file, screen, ui, "price");
+  const DesignContext ctx{session.design, session.data, screen, session.PINTERFIX, ui};
+  const PriceBuildUp price = PriceDesign(ctx);
+  ReportOutput output(args);
+  PrintPriceBreakdown(output.pages(), price, args.file, ReportDate(session.Today()));
+  output.Finish(ui);
+  return price.complete ? kExitDone : kExitRefused;
+}
+
 int Print(const GlobalOptions& options, const PrintArgs& args) {
   auto session = MakeSession(options);
   CliUi ui(false);
@@ -171,6 +177,7 @@ int Print(const GlobalOptions& options, const PrintArgs& args) {
   // The drawings' stroke font, for the drawings and the compressor's sheet; without it drawings print their
   // lines and no letters.
   LoadDrawingFont(session->data.paths.DataFile(kDrawingFontFile), session->data.font);
+  if (args.what == "price") return PrintPrice(*session, args, ui);
   return args.what == "tc-sheets" ? PrintTcSheets(*session, args, ui) : PrintDesignSheets(*session, args, ui);
 }
 
@@ -184,9 +191,9 @@ void AddPrintCommand(CLI::App& app, const GlobalOptions& options, int& exit_code
                     "written as text beside the case, NAME.TXT); drawings: the preliminary drawings, six a page; "
                     "flow-diagram: the process flow diagram; all: all of these (the sheets only as text); "
                     "tc-sheets: the thermo compressor's specification and data sheets of a .TTC case (its text "
-                    "beside the case too)")
+                    "beside the case too); price: the pricing breakdown")
       ->required()
-      ->check(CLI::IsMember({"spec-sheet", "data-sheet", "drawings", "flow-diagram", "all", "tc-sheets"}));
+      ->check(CLI::IsMember({"spec-sheet", "data-sheet", "drawings", "flow-diagram", "all", "tc-sheets", "price"}));
   print->add_option("CASE", args->file, "Case file (.JET, or .TTC for tc-sheets)")->required();
   print->add_option("--format", args->format,
                     "txt: the printed lines, a form feed between pages; pdf: the pages; svg or png: a file a page "

@@ -40,6 +40,7 @@ int RunStartup(const GlobalOptions& options, bool json) {
     doc["userdata"] = data.paths.userdata.string();
     doc["userinfo"] = UserInfoStateName(data.userinfo_state);
     doc["today"] = today;
+    doc["pricing"] = {{"PRICEMODE", data.pricing.PRICEMODE}, {"folder", data.pricing.folder.string()}};
     if (!started) {
       doc["error"] = error;
       doc["exit_code"] = kExitUsage;
@@ -63,6 +64,11 @@ int RunStartup(const GlobalOptions& options, bool json) {
             << c.SIZETAB.hi1() << " ejector sizes, " << c.BAROTAB.hi1() << " barometric condensers, "
             << c.STDCONDENSER.hi1() << " standard condensers\n"
             << "User information: " << UserInfoStateName(data.userinfo_state) << '\n'
+            << "Pricing:          "
+            << (data.pricing.PRICEMODE == 0 ? "off"
+                                            : "mode " + std::to_string(data.pricing.PRICEMODE) + ", prices in " +
+                                                  data.pricing.folder.string())
+            << '\n'
             << "Today:            " << today << '\n';
   return kExitDone;
 }

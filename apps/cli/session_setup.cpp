@@ -1,6 +1,7 @@
 // The command line's session: program paths, the fixed date, JSON output.
 #include <cstdio>
 
+#include "case/jet_file.h"
 #include "cli.h"
 #include "properties/user_vapors.h"
 #include "properties/vb.h"
@@ -64,6 +65,24 @@ void LoadDesignData(Session& session, RecordingUi& ui) {
   SetConstants(session.data.constants);
   ReadPumps(session.data.paths.DataFile(kPumpFile), session.data.pumps, ui);
   SetPumpTables(session.data.pumps.tables);
+  ReadPricing(session.data.paths, session.data.pricing);
+}
+
+DesignOutcome DesignCaseFile(Session& session, const std::string& file, InputScreen& screen, CliUi& ui,
+                             const std::string& verb) {
+  if (!OpenCase(file, screen, ui)) FailToRead("The case", file, ui);
+  DesignContext ctx{session.design, session.data, screen, session.PINTERFIX, ui};
+  DesignOutcome outcome;
+  try {
+    outcome = RunDesign(ctx, screen);
+  } catch (const VbError& e) {
+    Fail(kExitDesignError, "The case could not be designed: " + RunTimeErrorText(e), ui);
+  }
+  if (outcome.input_error != 0) Refuse("The input was refused: nothing was " + verb + "ed.", ui);
+  if (!outcome.results) {
+    Fail(kExitDesignError, "The design has no results to " + verb + " (" + outcome.lblMessage + ").", ui);
+  }
+  return outcome;
 }
 
 namespace {

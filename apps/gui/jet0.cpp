@@ -16,7 +16,9 @@
 #include "drawings/flow_diagram.h"
 #include "engine/design_summary.h"
 #include "engine/results.h"
+#include "properties/numeric.h"
 #include "pages.h"
+#include "pricing_form.h"
 #include "trap.h"
 
 namespace kestrane::gui {
@@ -125,10 +127,28 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   splitter_->setChildrenCollapsible(false);
   layout->addWidget(splitter_, 1);
   pictures = AddDrawingPanel(*layout, *splitter_, w_.session.data.font, FrameDrawing);
+  auto* buttons = new QHBoxLayout;
   cmdDebugger = new QPushButton("Debugger");
   cmdDebugger->setCheckable(true);
-  layout->addWidget(cmdDebugger, 0, Qt::AlignLeft);
+  buttons->addWidget(cmdDebugger);
+  cmdPricePrint = new QPushButton("&Pricing...");
+  buttons->addWidget(cmdPricePrint);
+  lblPrice = new QLabel;
+  buttons->addWidget(lblPrice);
+  buttons->addStretch();
+  layout->addLayout(buttons);
+  connect(cmdPricePrint, &QPushButton::clicked, this, Trapped(w_.ui, [this] {
+    if (pricing == nullptr) pricing = new PricingForm(w_, this);
+    pricing->Refresh();
+    pricing->show();
+    pricing->raise();
+  }));
   connect(cmdDebugger, &QPushButton::toggled, this, [this](bool on) {
+    // The internal mode keeps the grid it shows in OUT.CSV as well.
+    if (on && w_.session.data.pricing.PRICEMODE == 2) {
+      DesignContext ctx = w_.Context();
+      WriteGridCsv(DebuggerGrid(ctx), GridCsvPath(), w_.ui);
+    }
     Grid1->setVisible(on);
     // The debug view: the grid takes the pictures' room too.
     if (on) pictures->Close();
@@ -185,6 +205,26 @@ void frmJET0::ShowResults(bool results, const std::string& message) {
   print_menu_->menuAction()->setEnabled(results);
   export_pdf_->setEnabled(results);
   if (!results) cmdDebugger->setChecked(false);
+  ShowPriceControls();
+}
+
+void frmJET0::ShowPriceControls() {
+  const int16_t mode = w_.session.data.pricing.PRICEMODE;
+  cmdPricePrint->setVisible(mode == 1 || mode == 2);
+  cmdPricePrint->setEnabled(has_results_);
+  lblPrice->setVisible(mode == 2 && has_results_);
+  if (mode == 2 && has_results_) {
+    const PriceBuildUp price = PriceDesign(w_.Context());
+    lblPrice->setText(price.complete ? "Price: $" + Q(Trim(FormatFixed(price.price, 14.2f)))
+                                     : "Price: " + Q(std::string(kNotComplete)));
+  }
+  if (pricing != nullptr) {
+    if (has_results_ && pricing->isVisible()) {
+      pricing->Refresh();
+    } else {
+      pricing->hide();
+    }
+  }
 }
 
 void frmJET0::BuildSlots(bool results) {
@@ -218,6 +258,7 @@ void frmJET0::SetResultsMode(int mode) {
   print_menu_->menuAction()->setEnabled(!printing && has_results_);
   export_pdf_->setEnabled(has_results_);
   cmdDebugger->setEnabled(!printing && has_results_);
+  cmdPricePrint->setEnabled(!printing && has_results_);
 }
 
 namespace {

@@ -123,6 +123,10 @@ class frmJET0 : public Page, public StatusPrinting {
   QTableWidget* Grid1;
   QWidget* frames;
   QPushButton* cmdDebugger;
+  // Pricing: the button that opens the pricing form (PRICEMODE 1 and 2) and the price of the design (2).
+  QPushButton* cmdPricePrint;
+  QLabel* lblPrice;
+  class PricingForm* pricing = nullptr;  // made the first time it opens
   QMenuBar* menus;
   DrawingFrame* FrameDrawing;  // the open drawing, in place of the lists
   SlotRow* pictures;           // the equipment pictures in flow order, then the flow diagram
@@ -134,6 +138,7 @@ class frmJET0 : public Page, public StatusPrinting {
   QSplitter* splitter_;   // the results above, the debugger grid below
   QMenu* print_menu_;     // enabled while results are shown
   QAction* export_pdf_;   // likewise
+  void ShowPriceControls();
   bool has_results_ = false;
 };
 

@@ -1,4 +1,4 @@
-// Free-format reading of the drawing files: values separated by commas or line ends, and whole lines.
+// Free-format reading of list files: values separated by commas or line ends, and whole lines.
 #include "properties/list_input.h"
 
 #include <cmath>
@@ -8,8 +8,7 @@
 
 namespace kestrane {
 
-double ListInput::Number() {
-  std::string field;
+std::string ListInput::Field(bool& quoted) {
   for (;;) {
     if (!in_line_) {
       rest_ = file_.LineInput();
@@ -20,20 +19,37 @@ double ListInput::Number() {
       in_line_ = false;
       continue;
     }
-    const size_t comma = rest_.find(',', first);
+    quoted = rest_[first] == '"';
+    size_t end = first;  // where the field's text ends
+    size_t from = first;  // where its separating comma is looked for
+    if (quoted) {
+      const size_t close = rest_.find('"', first + 1);
+      end = close == std::string::npos ? rest_.size() : close;
+      from = close == std::string::npos ? rest_.size() : close + 1;
+    }
+    const size_t comma = rest_.find(',', from);
+    if (!quoted) end = comma == std::string::npos ? rest_.size() : comma;
+    std::string field = quoted ? rest_.substr(first + 1, end - first - 1) : Trim(rest_.substr(first, end - first));
     if (comma == std::string::npos) {
-      field = rest_.substr(first);
       in_line_ = false;
     } else {
-      field = rest_.substr(first, comma - first);
       rest_.erase(0, comma + 1);
     }
-    break;
+    return field;
   }
-  field = Trim(field);
-  if (field.empty()) return 0;
+}
+
+double ListInput::Number() {
+  bool quoted = false;
+  const std::string field = Field(quoted);
+  if (field.empty() && !quoted) return 0;
   if (!IsPlainNumber(field)) throw VbError(13);
   return Val(field);
+}
+
+std::string ListInput::Text() {
+  bool quoted = false;
+  return Field(quoted);
 }
 
 int16_t ListInput::Integer() { return CInt(Number()); }

@@ -1,4 +1,4 @@
-// Free-format reading of list files (drawings, the stroke font): values separated by commas or line ends, and whole lines.
+// Free-format reading of list files (drawings, the stroke font, price files): values separated by commas or line ends, and whole lines.
 #pragma once
 
 #include <cstdint>
@@ -15,12 +15,19 @@ namespace kestrane {
 class ListInput {
  public:
   explicit ListInput(const std::filesystem::path& path) : file_(path) {}
+  // Nothing left to read.
+  bool Eof() const { return !in_line_ && file_.Eof(); }
   int16_t Integer();
   int32_t Long();
   float Single();
+  // The next field as text: a field in double quotes is what stands between them (commas included), any other
+  // field its trimmed text.
+  std::string Text();
   std::string Line();
 
  private:
+  // The next field: its trimmed text, and whether it stood in quotes.
+  std::string Field(bool& quoted);
   // The next field as a number; an empty field between commas is 0.
   double Number();
 

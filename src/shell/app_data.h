@@ -7,6 +7,7 @@
 #include "pump/pump_data.h"
 #include "shell/constants.h"
 #include "shell/paths.h"
+#include "shell/price_files.h"
 #include "shell/user_info.h"
 
 namespace kestrane {
@@ -22,9 +23,9 @@ struct AppData {
   DrawFont font;  // the drawings' stroke font
   UserInfo USERINFO{kUserInfoRows};
   UserInfoRead userinfo_state = UserInfoRead::kMissing;
-  // The internal mode, the first value of the pricing configuration; 2 also
-  // writes the debugger grid to OUT.CSV after each design.
-  int16_t internal_mode = 0;
+  // The pricing data; its PRICEMODE is the internal mode: 2 also writes the
+  // debugger grid to OUT.CSV after each design.
+  PriceData pricing;
 };
 
 }  // namespace kestrane

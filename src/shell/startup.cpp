@@ -35,6 +35,7 @@ bool RunStartSequence(Session& session, Ui& ui) {
 
   // The main menu's slogan; the pricing configuration is read under it.
   ui.status(std::string(kStartProgressTexts[7]));
+  ReadPricing(data.paths, data.pricing);
   return true;
 }
 
