@@ -6,6 +6,7 @@
 
 #include "main_window.h"
 #include "pages.h"
+#include "pricing_form.h"
 #include "shell/paths.h"
 
 using namespace kestrane;
@@ -108,6 +109,11 @@ int main(int argc, char** argv) {
   results->cmdDebugger->setChecked(true);
   ok = Save(&window, folder, "design-results-debugger") && ok;
   results->cmdDebugger->setChecked(false);
+  // The pricing form over the results it prices.
+  results->cmdPricePrint->click();
+  results->pricing->resize(860, 420);
+  ok = Save(results->pricing, folder, "pricing") && ok;
+  results->pricing->hide();
   design("METRIC-TWO-STAGE.JET", "metric");
   design("TWO-STAGE-LRVP.JET", "pump");
   design("THREE-STAGE-DIRECT-CONTACT.JET", "direct-contact");
