@@ -223,7 +223,7 @@ TEST_F(Failures, AMisspeltCommandIsNamedWithTheCommandMeant) {
       {"vapor frob", "Unknown command 'vapor frob'. The vapor commands are: list, pressure, table."},
       {"frobnicate",
        "Unknown command 'frobnicate'. The commands are: startup, userinfo, steam, vapor, udv, check, design, stage, tc, "
-       "convert, dp, tailleg, gasflow, nupreir, print, drawing, price."}};
+       "convert, dp, tailleg, gasflow, nupreir, print, drawing, price, study."}};
   for (const auto& t : typed) {
     const auto r = Kestrane(Pgm() + t.args);
     EXPECT_EQ(r.exit_code, 2) << t.args;

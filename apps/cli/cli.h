@@ -127,5 +127,6 @@ void AddCalculatorCommands(CLI::App& app, const GlobalOptions& options, int& exi
 void AddPrintCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddDrawingCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 void AddPriceCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
+void AddStudyCommand(CLI::App& app, const GlobalOptions& options, int& exit_code);
 
 }  // namespace kestrane::cli

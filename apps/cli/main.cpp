@@ -60,6 +60,7 @@ int main(int argc, char** argv) {
   cli::AddPrintCommand(app, options, exit_code);
   cli::AddDrawingCommand(app, options, exit_code);
   cli::AddPriceCommand(app, options, exit_code);
+  cli::AddStudyCommand(app, options, exit_code);
 
   const bool json = JsonAsked(argc, argv);
   try {
