@@ -84,7 +84,20 @@ TEST(StudyInputs, SetTheBoxesAndChoicesTheyName) {
            {"NSTAGES", 5}, {"NSTAGES", 2.5f}, {"LRVP", 2}, {"CPPH11", 1}, {"CPPH0", 1}, {"CPPH01", 1}, {"PSUCTION", 1}}) {
     EXPECT_FALSE(SetStudyInput(s, name, value)) << name << " " << value;
   }
-  for (const StudyInputName& n : StudyInputNames()) EXPECT_TRUE(SetStudyInput(s, n.name, 1)) << n.name;
+  // Every input reads back the value set, the choices by their numbers.
+  for (const StudyInputName& n : StudyInputNames()) {
+    for (float v : {1.0f, 0.0f}) {
+      ASSERT_TRUE(SetStudyInput(s, n.name, v)) << n.name;
+      EXPECT_EQ(StudyInputValue(s, n.name), v) << n.name;
+    }
+  }
+  for (float n : {1.0f, 2.0f, 3.0f, 4.0f}) {
+    SetStudyInput(s, "NSTAGES", n);
+    SetStudyInput(s, "CONDENSER", n - 1);
+    EXPECT_EQ(StudyInputValue(s, "NSTAGES"), n);
+    EXPECT_EQ(StudyInputValue(s, "CONDENSER"), n - 1);
+  }
+  EXPECT_EQ(StudyInputValue(Example("SOLVENT-LOADS-THREE-STAGE.JET"), "PSUCT"), 20.0f);
 }
 
 TEST(StudyInputs, RangesIncludeBothEndsLinearlyOrInTheLogarithm) {

@@ -105,6 +105,12 @@ const std::vector<Example> kExamples = {
        Condensible(s, 0, "WATER", "5");
        Gas(s, 0, "4", "29");
      }},
+    {"AIR-ONLY-100-LB-HR.JET",
+     [](InputScreen& s) {
+       Heading(s, "EJ-120", "100 lb/hr of air alone at 10 mmHgA, a base for studies", "AE");
+       Main(s, "10", "70", "770", "100", "0", "85");
+       Gas(s, 0, "100", "29");
+     }},
     {"TWO-STAGE-LRVP.JET",
      [](InputScreen& s) {
        Heading(s, "EJ-107", "Two stages, liquid ring pump as last stage", "AE");

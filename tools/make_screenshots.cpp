@@ -7,12 +7,22 @@
 #include "main_window.h"
 #include "pages.h"
 #include "pricing_form.h"
+#include "study_window.h"
 #include "shell/paths.h"
 
 using namespace kestrane;
 using namespace kestrane::gui;
 
 namespace {
+
+// A study's range as its window takes it.
+struct ShotRange {
+  const char* name;
+  const char* from;
+  const char* to;
+  int points;
+  bool log;
+};
 
 void Settle() {
   QElapsedTimer timer;
@@ -114,6 +124,33 @@ int main(int argc, char** argv) {
   results->pricing->resize(860, 420);
   ok = Save(results->pricing, folder, "pricing") && ok;
   results->pricing->hide();
+  // Two studies of 100 lb/hr of air: steam per pound against suction pressure by stage count, and total steam
+  // against motive pressure.
+  design("AIR-ONLY-100-LB-HR.JET", "air");
+  const auto study = [&](const char* name, const std::vector<ShotRange> vary, int chart) {
+    results->cmdStudy->click();
+    StudyWindow* s = results->study;
+    for (size_t i = 0; i < vary.size(); ++i) {
+      auto& f = s->ranges[i];
+      f.name->setCurrentIndex(f.name->findData(vary[i].name));
+      f.from->setText(vary[i].from);
+      f.to->setText(vary[i].to);
+      f.points->setValue(vary[i].points);
+      f.log->setChecked(vary[i].log);
+    }
+    s->second->setChecked(vary.size() == 2);
+    s->output->setCurrentIndex(chart);
+    s->resize(900, 620);
+    s->Run();
+    QElapsedTimer timer;
+    timer.start();
+    while (s->running() && timer.elapsed() < 60000) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    Settle();
+    ok = Save(s, folder, name) && ok;
+    s->close();
+  };
+  study("study-steam-per-lb-air", {{"PSUCT", "1", "100", 21, true}, {"NSTAGES", "1", "4", 4, false}}, 4);
+  study("study-steam-against-motive", {{"PMOTIVE", "60", "250", 20, false}}, 0);
   design("METRIC-TWO-STAGE.JET", "metric");
   design("TWO-STAGE-LRVP.JET", "pump");
   design("THREE-STAGE-DIRECT-CONTACT.JET", "direct-contact");

@@ -19,6 +19,7 @@
 #include "properties/numeric.h"
 #include "pages.h"
 #include "pricing_form.h"
+#include "study_window.h"
 #include "trap.h"
 
 namespace kestrane::gui {
@@ -135,6 +136,9 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
   buttons->addWidget(cmdPricePrint);
   lblPrice = new QLabel;
   buttons->addWidget(lblPrice);
+  cmdStudy = new QPushButton("&Study...");
+  cmdStudy->setToolTip("Design this case again over a range of one or two inputs, and chart the results");
+  buttons->addWidget(cmdStudy);
   buttons->addStretch();
   layout->addLayout(buttons);
   connect(cmdPricePrint, &QPushButton::clicked, this, Trapped(w_.ui, [this] {
@@ -142,6 +146,16 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
     pricing->Refresh();
     pricing->show();
     pricing->raise();
+  }));
+  connect(cmdStudy, &QPushButton::clicked, this, Trapped(w_.ui, [this] {
+    // A new window each time: its base case is the case as it stands now.
+    if (study != nullptr) study->close();
+    study = new StudyWindow(w_, this);
+    study->setAttribute(Qt::WA_DeleteOnClose);
+    connect(study, &QObject::destroyed, this, [this, opened = study] {
+      if (study == opened) study = nullptr;
+    });
+    study->show();
   }));
   connect(cmdDebugger, &QPushButton::toggled, this, [this](bool on) {
     // The internal mode keeps the grid it shows in OUT.CSV as well.
@@ -212,6 +226,7 @@ void frmJET0::ShowPriceControls() {
   const int16_t mode = w_.session.data.pricing.PRICEMODE;
   cmdPricePrint->setVisible(mode == 1 || mode == 2);
   cmdPricePrint->setEnabled(has_results_);
+  cmdStudy->setEnabled(has_results_);
   lblPrice->setVisible(mode == 2 && has_results_);
   if (mode == 2 && has_results_) {
     const PriceBuildUp price = PriceDesign(w_.Context());
@@ -259,6 +274,7 @@ void frmJET0::SetResultsMode(int mode) {
   export_pdf_->setEnabled(has_results_);
   cmdDebugger->setEnabled(!printing && has_results_);
   cmdPricePrint->setEnabled(!printing && has_results_);
+  cmdStudy->setEnabled(!printing && has_results_);
 }
 
 namespace {

@@ -127,6 +127,9 @@ class frmJET0 : public Page, public StatusPrinting {
   QPushButton* cmdPricePrint;
   QLabel* lblPrice;
   class PricingForm* pricing = nullptr;  // made the first time it opens
+  // A design study of the case shown.
+  QPushButton* cmdStudy;
+  class StudyWindow* study = nullptr;  // the study window last opened
   QMenuBar* menus;
   DrawingFrame* FrameDrawing;  // the open drawing, in place of the lists
   SlotRow* pictures;           // the equipment pictures in flow order, then the flow diagram

@@ -129,27 +129,37 @@ bool IsStudyInput(std::string_view name) {
   return false;
 }
 
-bool SetStudyInput(InputScreen& screen, std::string_view name, float value) {
-  if (!std::isfinite(value)) return false;
-  const std::string text = GeneralText(value);
+namespace {
+
+// The text box that holds an input; null for the choices and for names no input has.
+template <class Screen>
+auto BoxOf(Screen& screen, std::string_view name) -> decltype(&screen.txtInput[0]) {
   for (size_t i = 0; i < std::size(kMainInputs); ++i) {
-    if (name == kMainInputs[i].name) {
-      screen.txtInput[i] = text;
-      return true;
-    }
+    if (name == kMainInputs[i].name) return &screen.txtInput[i];
   }
   for (size_t i = 0; i < std::size(kCostInputs); ++i) {
-    if (name == kCostInputs[i]) {
-      screen.txtCost[i] = text;
-      return true;
-    }
+    if (name == kCostInputs[i]) return &screen.txtCost[i];
   }
-  if (const int row = RowAfter(name, "NCPPH"); row != 0) {
-    screen.txtNCpph[static_cast<size_t>(row - 1)] = text;
-    return true;
+  if (const int row = RowAfter(name, "NCPPH"); row != 0) return &screen.txtNCpph[static_cast<size_t>(row - 1)];
+  if (const int row = RowAfter(name, "CPPH"); row != 0) return &screen.txtCpph[static_cast<size_t>(row - 1)];
+  return nullptr;
+}
+
+// The option of `group` that is on; -1 when none is.
+template <size_t N>
+int OptionOn(const std::array<int16_t, N>& group) {
+  for (size_t i = 0; i < N; ++i) {
+    if (group[i] != 0) return static_cast<int>(i);
   }
-  if (const int row = RowAfter(name, "CPPH"); row != 0) {
-    screen.txtCpph[static_cast<size_t>(row - 1)] = text;
+  return -1;
+}
+
+}  // namespace
+
+bool SetStudyInput(InputScreen& screen, std::string_view name, float value) {
+  if (!std::isfinite(value)) return false;
+  if (std::string* box = BoxOf(screen, name)) {
+    *box = GeneralText(value);
     return true;
   }
   if (name == "NSTAGES") {
@@ -173,6 +183,21 @@ bool SetStudyInput(InputScreen& screen, std::string_view name, float value) {
     return true;
   }
   return false;
+}
+
+float StudyInputValue(const InputScreen& screen, std::string_view name) {
+  if (const std::string* box = BoxOf(screen, name)) return IsPlainNumber(Trim(*box)) ? static_cast<float>(Val(Trim(*box))) : 0.0f;
+  if (name == "NSTAGES") {
+    const int i = OptionOn(screen.OptionStages);
+    return i <= 0 ? 0.0f : static_cast<float>(5 - i);
+  }
+  if (name == "CONDENSER") {
+    const int i = OptionOn(screen.OptionCondenserType);
+    return i < 0 || i == 3 ? 0.0f : static_cast<float>(i + 1);
+  }
+  if (name == "PRECOND") return screen.chkboxPreCondenser;
+  if (name == "LRVP") return screen.chkboxLRVP;
+  return 0;
 }
 
 std::vector<float> StudyRange(float start, float stop, int n, bool log) {

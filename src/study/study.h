@@ -33,6 +33,9 @@ bool IsStudyInput(std::string_view name);
 // name no input has.
 bool SetStudyInput(InputScreen& screen, std::string_view name, float value);
 
+// The value an input has on the screen (a box that holds no number reads 0).
+float StudyInputValue(const InputScreen& screen, std::string_view name);
+
 // A varied input and its values, in the order they are designed.
 struct StudyVariable {
   std::string name;
