@@ -4,26 +4,13 @@
 #include "case/jet_file.h"
 #include "engine/design_run.h"
 #include "engine/stage_model.h"
-#include "shell/paths.h"
+#include "bench_data.h"
 
 namespace {
 
 using namespace kestrane;
 
-struct Loaded {
-  AppData data;
-  RecordingUi ui;
-  bool ok = false;
-  Loaded() {
-    data.paths = PathsForProgram(ExecutableDirectory());
-    ok = ReadSteamData(data.paths.DataFile(kSteamFile), data.steam, ui) &&
-         ReadPsat(data.paths.DataFile(kVaporFile), data.vapors, ui);
-    SetCurves(data.curves);
-    SetConstants(data.constants);
-    ok = ok && ReadPumps(data.paths.DataFile(kPumpFile), data.pumps, ui);
-    SetPumpTables(data.pumps.tables);
-  }
-};
+using Loaded = BenchData;
 
 Loaded& Data() {
   static Loaded loaded;

@@ -3,28 +3,17 @@
 #include <sys/resource.h>
 
 #include "case/jet_file.h"
-#include "shell/paths.h"
+#include "bench_data.h"
 #include "study/study.h"
 
 namespace {
 
 using namespace kestrane;
 
-struct Loaded {
-  AppData data;
-  RecordingUi ui;
+// The data, and the slowest example as the study's base.
+struct Loaded : BenchData {
   InputScreen base = NewCase();
-  bool ok = false;
-  Loaded() {
-    data.paths = PathsForProgram(ExecutableDirectory());
-    ok = ReadSteamData(data.paths.DataFile(kSteamFile), data.steam, ui) &&
-         ReadPsat(data.paths.DataFile(kVaporFile), data.vapors, ui);
-    SetCurves(data.curves);
-    SetConstants(data.constants);
-    ok = ok && ReadPumps(data.paths.DataFile(kPumpFile), data.pumps, ui) &&
-         ReadCase(data.paths.examples / "SOLVENT-LOADS-THREE-STAGE.JET", base, ui);
-    SetPumpTables(data.pumps.tables);
-  }
+  Loaded() { ok = ok && ReadCase(data.paths.examples / "SOLVENT-LOADS-THREE-STAGE.JET", base, ui); }
 };
 
 long MaxResidentKb() {

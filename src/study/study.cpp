@@ -293,6 +293,22 @@ std::vector<StudyPoint> RunStudy(const AppData& data, const InputScreen& base, f
   return points;
 }
 
+namespace {
+
+// A value of the stage or condenser of that name in the design's summary; none where the design has no such part.
+template <class Part>
+std::function<std::optional<float>(const StudyPoint&)> PartValue(std::vector<Part> DesignSummary::*parts,
+                                                                 std::string name, float Part::*field) {
+  return [parts, name, field](const StudyPoint& p) -> std::optional<float> {
+    for (const Part& part : p.summary.*parts) {
+      if (part.name == name) return part.*field;
+    }
+    return std::nullopt;
+  };
+}
+
+}  // namespace
+
 const std::vector<StudyOutput>& StudyOutputs() {
   static const std::vector<StudyOutput> outputs = [] {
     using Value = std::optional<float>;
@@ -313,31 +329,17 @@ const std::vector<StudyOutput>& StudyOutputs() {
                    return p.results ? Value(static_cast<float>(p.NSTAGES)) : std::nullopt;
                  }});
     for (const char* stage : {"AA", "A", "B", "C"}) {
-      const auto of = [stage](float StageSummary::*field) {
-        return [stage, field](const StudyPoint& p) -> Value {
-          for (const StageSummary& s : p.summary.stages) {
-            if (s.name == stage) return s.*field;
-          }
-          return std::nullopt;
-        };
-      };
       const std::string s = stage;
-      o.push_back({"motive_lb_hr_" + s, "lb/hr", of(&StageSummary::motive_lb_hr)});
-      o.push_back({"suction_mmhga_" + s, "mmHgA", of(&StageSummary::suction_mmhga)});
-      o.push_back({"discharge_mmhga_" + s, "mmHgA", of(&StageSummary::discharge_mmhga)});
+      o.push_back({"motive_lb_hr_" + s, "lb/hr", PartValue(&DesignSummary::stages, stage, &StageSummary::motive_lb_hr)});
+      o.push_back({"suction_mmhga_" + s, "mmHgA", PartValue(&DesignSummary::stages, stage, &StageSummary::suction_mmhga)});
+      o.push_back(
+          {"discharge_mmhga_" + s, "mmHgA", PartValue(&DesignSummary::stages, stage, &StageSummary::discharge_mmhga)});
     }
     for (const char* condenser : {"C1", "C2", "AC"}) {
-      const auto of = [condenser](float CondenserSummary::*field) {
-        return [condenser, field](const StudyPoint& p) -> Value {
-          for (const CondenserSummary& c : p.summary.condensers) {
-            if (c.name == condenser) return c.*field;
-          }
-          return std::nullopt;
-        };
-      };
       const std::string c = condenser;
-      o.push_back({"area_ft2_" + c, "ft2", of(&CondenserSummary::area_ft2)});
-      o.push_back({"water_gpm_" + c, "gpm", of(&CondenserSummary::water_gpm)});
+      o.push_back({"area_ft2_" + c, "ft2", PartValue(&DesignSummary::condensers, condenser, &CondenserSummary::area_ft2)});
+      o.push_back(
+          {"water_gpm_" + c, "gpm", PartValue(&DesignSummary::condensers, condenser, &CondenserSummary::water_gpm)});
     }
     o.push_back({"pump_bhp", "hp", [](const StudyPoint& p) -> Value {
                    return p.results && p.summary.pump.present ? Value(p.summary.pump.brake_hp) : std::nullopt;
