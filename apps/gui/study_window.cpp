@@ -9,6 +9,7 @@
 #include <QSvgGenerator>
 #include <QVBoxLayout>
 #include <QtCharts/QLineSeries>
+#include <QtCharts/QLogValueAxis>
 #include <QtCharts/QValueAxis>
 #include <algorithm>
 #include <cmath>
@@ -165,6 +166,7 @@ bool StudyWindow::Run() {
     return false;
   }
   variables_ = variables;
+  log_x_ = ranges[0].log->isChecked();
   total_ = StudyGrid(variables_).size();
   progress->setRange(0, static_cast<int>(total_));
   progress->setValue(0);
@@ -220,11 +222,21 @@ void StudyWindow::Chart() {
   c->setTitle(Q(out.name + (out.unit.empty() ? "" : " (" + out.unit + ")")) + " against " + Q(variables_[0].name));
   const size_t lines = variables_.size() == 2 ? variables_[1].values.size() : 1;
   const size_t along = variables_[0].values.size();
-  auto* x = new QValueAxis;
+  QAbstractAxis* x = nullptr;
+  if (log_x_) {
+    auto* log = new QLogValueAxis;
+    log->setBase(10);
+    log->setMinorTickCount(8);
+    log->setLabelFormat("%g");
+    x = log;
+  } else {
+    auto* linear = new QValueAxis;
+    linear->setLabelFormat("%g");
+    x = linear;
+  }
   auto* y = new QValueAxis;
   x->setTitleText(Q(variables_[0].name));
   y->setTitleText(Q(out.name));
-  x->setLabelFormat("%g");
   y->setLabelFormat("%g");
   c->addAxis(x, Qt::AlignBottom);
   c->addAxis(y, Qt::AlignLeft);
