@@ -85,8 +85,9 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this, w.ui) 
   thorough->setCheckable(true);
   thorough->setToolTip("Search every interstage pressure over its whole range; the original search's design is kept "
                        "when it needs less steam");
+  thorough->setChecked(w_.search == InterstageSearch::kThorough);
   connect(thorough, &QAction::toggled, this, [this](bool on) {
-    w_.search = on ? InterstageSearch::kThorough : InterstageSearch::kOriginal;
+    w_.SetSearch(on ? InterstageSearch::kThorough : InterstageSearch::kOriginal);
   });
 
   SSTabInput = new QTabWidget;

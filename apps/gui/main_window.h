@@ -82,8 +82,10 @@ class MainWindow : public QMainWindow {
   Session& session;
   QtUi& ui;
   InputScreen screen;  // the design case on the input page
-  // A setting of the program, not of the case: Options > Thorough Interstage Search on the input window.
+  // A setting of the program, not of the case: Options > Thorough Interstage Search on the input window,
+  // kept in kestrane-gui.ini in the user's data folder from one start of the program to the next.
   InterstageSearch search = InterstageSearch::kOriginal;
+  void SetSearch(InterstageSearch chosen);
 
   // What a design run or a results page works on: the session's case, data and carried state with the input
   // page's screen; messages through `to` (a quiet one for work the user did not ask for).

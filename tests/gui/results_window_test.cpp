@@ -122,3 +122,14 @@ TEST_F(ResultsWindow, ADesignWithNothingToAdviseShowsNoAdvisories) {
   Design("TWO-STAGE-SURFACE-TUBE-SIDE.JET");
   EXPECT_EQ(Results()->frames->findChild<QGroupBox*>("advisories"), nullptr);
 }
+
+TEST_F(ResultsWindow, TheSearchSettingIsKeptForTheNextStartOfTheProgram) {
+  Input()->findChild<QAction*>("mnuThoroughSearch")->setChecked(true);
+  window = std::make_unique<MainWindow>(session, ui);
+  EXPECT_EQ(window->search, InterstageSearch::kThorough);
+  auto* thorough = Input()->findChild<QAction*>("mnuThoroughSearch");
+  EXPECT_TRUE(thorough->isChecked());
+  thorough->setChecked(false);
+  window = std::make_unique<MainWindow>(session, ui);
+  EXPECT_EQ(window->search, InterstageSearch::kOriginal);
+}
