@@ -93,17 +93,18 @@ struct Search {
       }
       if (on_floor) levels[static_cast<size_t>(j)][0] = range.floor;
     }
+    // Every combination in turn, the last pressure counting fastest.
     Candidate best;
-    std::array<int, 3> index{};
+    std::array<size_t, 3> index{};
     for (;;) {
       Pressures p{};
-      for (int j = 0; j < range.count; ++j) p[static_cast<size_t>(j)] = levels[static_cast<size_t>(j)][static_cast<size_t>(index[static_cast<size_t>(j)])];
+      for (size_t j = 0; j < static_cast<size_t>(range.count); ++j) p[j] = levels[j][index[j]];
       if (range.Holds(p)) {
         Candidate c = Try(p);
         if (c.cost < best.cost) best = std::move(c);
       }
       int j = range.count - 1;
-      while (j >= 0 && ++index[static_cast<size_t>(j)] == k) index[static_cast<size_t>(j--)] = 0;
+      while (j >= 0 && ++index[static_cast<size_t>(j)] == static_cast<size_t>(k)) index[static_cast<size_t>(j--)] = 0;
       if (j < 0) return best;
     }
   }
