@@ -167,7 +167,9 @@ TEST(ThoroughSearch, KeepsTheAToBPressureAtOrAboveTheIntercondenserFloor) {
     ASSERT_GT(floor, 0);
     EXPECT_GE(d->dc.STG(kStageA, kStgPOUT), floor) << water;
     EXPECT_GE(d->dc.CND(kCondC1, kCndPIN), floor) << water;
-    if (std::string(water) == "100") EXPECT_NEAR(floor, 78.39f, 0.05f);
+    if (std::string(water) == "100") {
+      EXPECT_NEAR(floor, 78.39f, 0.05f);
+    }
   }
 }
 
@@ -183,6 +185,27 @@ TEST(ThoroughSearch, OptimisingCapitalMinimisesTheSummedEjectorSizes) {
   const DesignPtr by_steam = Design(Example("THREE-STAGE-DIRECT-CONTACT.JET"), InterstageSearch::kThorough);
   EXPECT_LE(sizes(*thorough), sizes(*original));
   EXPECT_LE(sizes(*thorough), sizes(*by_steam));
+}
+
+TEST(ThoroughSearch, StoresItsTrainOnlyWhenItBeatsTheOriginalOne) {
+  const DesignPtr d = Design(AirCase("10", "86", 3));
+  DesignCase& dc = d->dc;
+  const float pin = dc.STG(kStageA, kStgPIN), pout = dc.STG(kStageC, kStgPOUT), t = dc.STG(kStageA, kStgTS);
+  // An original train cheaper than any the search can find stands as it is.
+  const DesignCase before = dc;
+  for (int c = 1; c <= 3; ++c) dc.STG(c, kStgMOTIVE) *= 0.5f;
+  const DesignCase halved = dc;
+  EXPECT_FALSE(ImproveByThoroughSearch(d->ctx, pin, pout, t));
+  for (int c = 1; c <= 3; ++c) EXPECT_EQ(dc.STG(c, kStgPOUT), halved.STG(c, kStgPOUT));
+  // The original as designed is beaten, and the better train is stored whole.
+  dc = before;
+  ASSERT_TRUE(ImproveByThoroughSearch(d->ctx, pin, pout, t));
+  float motive = 0;
+  for (int c = 1; c <= 3; ++c) motive += dc.STG(c, kStgMOTIVE);
+  EXPECT_LT(motive, 0.8f * before.TOTALS(kTotalMotive));
+  EXPECT_EQ(dc.CND(kCondC1, kCndPIN), dc.STG(kStageA, kStgPOUT));
+  EXPECT_EQ(dc.STG(kStageB, kStgPIN), static_cast<float>(dc.STG(kStageA, kStgPOUT) * 0.95));
+  EXPECT_EQ(dc.CND(kCondC2, kCndPIN), dc.STG(kStageB, kStgPOUT));
 }
 
 TEST(ThoroughSearch, LeavesALiquidRingPumpTrainToThePumpSearch) {
