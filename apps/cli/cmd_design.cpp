@@ -19,6 +19,7 @@ struct DesignArgs {
   std::vector<std::string> files;
   bool json = false;
   bool grid = false;
+  std::string search = "original";  // the interstage search: original or thorough
 };
 
 struct StageArgs {
@@ -165,6 +166,7 @@ CaseRun DesignOne(Session& session, const std::string& file, const DesignArgs& a
   const bool read = OpenCase(file, screen, ui);
   DesignCase& dc = read ? session.design : unread;
   DesignContext ctx{dc, session.data, screen, session.PINTERFIX, ui};
+  if (args.search == "thorough") ctx.search = InterstageSearch::kThorough;
   DesignOutcome outcome;
   std::string text;
   std::vector<std::vector<std::string>> grid;
@@ -195,7 +197,7 @@ CaseRun DesignOne(Session& session, const std::string& file, const DesignArgs& a
     run.doc["case"] = file;
     run.doc["PINTERFIX"] = JsonSingle(session.PINTERFIX);
     run.doc["errors"] = outcome.errors;
-    run.doc["advisories"] = nlohmann::json::array();  // none yet: the design search gives no advice of its own
+    run.doc["advisories"] = outcome.advisories;
     run.doc["results"] = ResultsJson(summary);
     if (!read) run.doc["error"] = outcome.errors.front();
     if (args.grid) run.doc["grid"] = grid;
@@ -211,6 +213,10 @@ CaseRun DesignOne(Session& session, const std::string& file, const DesignArgs& a
   std::printf("%s", text.c_str());
   if (outcome.results) {
     for (const ResultsBlock& block : SummaryBlocks(summary, screen.Metric())) std::printf("%s", BlockText(block).c_str());
+  }
+  if (!outcome.advisories.empty()) {
+    std::printf("\nAdvisories\n");
+    for (const std::string& advice : outcome.advisories) std::printf("- %s\n", advice.c_str());
   }
   if (args.grid) {
     for (const auto& row : grid) {
@@ -293,6 +299,10 @@ void AddDesignCommands(CLI::App& app, const GlobalOptions& options, int& exit_co
   design->add_option("CASES", args->files, "Case files (.JET)")->required();
   design->add_flag("--json", args->json, "Print the record and results as JSON");
   design->add_flag("--grid", args->grid, "Print the debugger grid as well");
+  design->add_option("--search", args->search,
+                     "Interstage search: original (the program's own, the default) or thorough (every interstage "
+                     "pressure over its whole range, kept only when it needs less steam)")
+      ->check(CLI::IsMember({"original", "thorough"}));
   design->callback([&options, &exit_code, args] { exit_code = Design(options, *args); });
 
   auto stage_args = std::make_shared<StageArgs>();

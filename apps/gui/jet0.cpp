@@ -176,7 +176,7 @@ QString frmJET0::Caption() const {
   return "Kestrane-System Design Results" + (w_.screen.CASENAME.empty() ? QString() : "   " + Q(w_.screen.CASENAME));
 }
 
-void frmJET0::ShowResults(bool results, const std::string& message) {
+void frmJET0::ShowResults(bool results, const std::string& message, const std::vector<std::string>& advisories) {
   for (QVBoxLayout* column : {results_, details_}) {
     while (QLayoutItem* item = column->takeAt(0)) {
       delete item->widget();
@@ -200,6 +200,18 @@ void frmJET0::ShowResults(bool results, const std::string& message) {
     if (r.show_condensers) add(results_, r.condensers);
     if (r.show_pump) add(results_, r.pump);
     for (const ResultsBlock& block : SummaryBlocks(SummarizeDesign(ctx), metric)) add(details_, block);
+  }
+  if (!advisories.empty()) {
+    auto* box = new QGroupBox("Advisories");
+    box->setObjectName("advisories");
+    auto* l = new QVBoxLayout(box);
+    for (const std::string& advice : advisories) {
+      auto* line = new QLabel(Q(advice));
+      line->setWordWrap(true);
+      line->setMaximumWidth(520);
+      l->addWidget(line);
+    }
+    results_->addWidget(box);
   }
   results_->addStretch();
   details_->addStretch();

@@ -79,6 +79,16 @@ frmJetInput::frmJetInput(MainWindow& w) : Page(&w), w_(w), watcher_(this, w.ui) 
                   [this](const std::string& path) { SaveCaseAs(path, w_.screen, w_.ui); },
                   [this] { w_.SwapForms(Form::frmJetInput, Form::MainForm); }});
   bar->addAction("&Design System", this, Trapped(w_.ui, [this] { DesignSystem(); }));
+  QMenu* settings = bar->addMenu("&Options");
+  QAction* thorough = settings->addAction("&Thorough Interstage Search");
+  thorough->setObjectName("mnuThoroughSearch");
+  thorough->setCheckable(true);
+  thorough->setToolTip("Search every interstage pressure over its whole range; the original search's design is kept "
+                       "when it needs less steam");
+  thorough->setChecked(w_.search == InterstageSearch::kThorough);
+  connect(thorough, &QAction::toggled, this, [this](bool on) {
+    w_.SetSearch(on ? InterstageSearch::kThorough : InterstageSearch::kOriginal);
+  });
 
   SSTabInput = new QTabWidget;
   outer->addWidget(SSTabInput, 1);
@@ -481,7 +491,7 @@ void frmJetInput::FinishDesign(const DesignOutcome& outcome, const std::string& 
     return;
   }
   const bool shown = Trap(w_.ui, [this, &outcome] {
-    static_cast<frmJET0*>(w_.PageOf(Form::frmJET0))->ShowResults(outcome.results, outcome.lblMessage);
+    static_cast<frmJET0*>(w_.PageOf(Form::frmJET0))->ShowResults(outcome.results, outcome.lblMessage, outcome.advisories);
     w_.SwapForms(Form::frmJetInput, Form::frmJET0);
   });
   emit designFinished(shown);

@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QMenuBar>
 #include <QScreen>
+#include <QSettings>
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QUrl>
@@ -17,7 +18,27 @@
 
 namespace kestrane::gui {
 
+namespace {
+
+// The desktop program's own settings, in the user's data folder.
+QString SettingsFile(const Session& session) {
+  return QString::fromStdString((session.data.paths.userdata / "kestrane-gui.ini").string());
+}
+
+constexpr const char* kSearchKey = "design/search";
+
+}  // namespace
+
+void MainWindow::SetSearch(InterstageSearch chosen) {
+  search = chosen;
+  QSettings settings(SettingsFile(session), QSettings::IniFormat);
+  settings.setValue(kSearchKey, chosen == InterstageSearch::kThorough ? "thorough" : "original");
+}
+
 MainWindow::MainWindow(Session& s, QtUi& u) : session(s), ui(u), screen(NewCase()) {
+  if (QSettings(SettingsFile(session), QSettings::IniFormat).value(kSearchKey).toString() == "thorough") {
+    search = InterstageSearch::kThorough;
+  }
   pdf_path = [this](QWidget* parent, const QString& suggested) {
     QFileDialog dialog(parent, "Export PDF", QString::fromStdString((session.data.paths.usrfiles / suggested.toStdString()).string()),
                        "PDF Files (*.pdf)");

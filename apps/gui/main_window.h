@@ -82,10 +82,15 @@ class MainWindow : public QMainWindow {
   Session& session;
   QtUi& ui;
   InputScreen screen;  // the design case on the input page
+  // A setting of the program, not of the case: Options > Thorough Interstage Search on the input window,
+  // kept in kestrane-gui.ini in the user's data folder from one start of the program to the next.
+  InterstageSearch search = InterstageSearch::kOriginal;
+  void SetSearch(InterstageSearch chosen);
 
   // What a design run or a results page works on: the session's case, data and carried state with the input
   // page's screen; messages through `to` (a quiet one for work the user did not ask for).
-  DesignContext Context(Ui& to) { return {session.design, session.data, screen, session.PINTERFIX, to}; }
+  // The design runs search the interstage pressures as the Options menu of the input window says.
+  DesignContext Context(Ui& to) { return {session.design, session.data, screen, session.PINTERFIX, to, search}; }
   DesignContext Context() { return Context(ui); }
 
  protected:

@@ -111,7 +111,8 @@ class frmJET0 : public Page, public StatusPrinting {
  public:
   explicit frmJET0(MainWindow& window);
   QString Caption() const override;
-  void ShowResults(bool results, const std::string& message);
+  // The results of a design, and beside them its advisories (none when empty).
+  void ShowResults(bool results, const std::string& message, const std::vector<std::string>& advisories = {});
   // The equipment pictures of the design shown (none without results), all idle.
   void BuildSlots(bool results);
   // A print entry of the menu: the sheets it names, through the print preview.

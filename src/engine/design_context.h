@@ -12,12 +12,20 @@ namespace kestrane {
 // A working vector of flows, lb/hr per load.
 using LoadVector = Array1D<float>;
 
+// How a design run searches the interstage pressures of two, three and four stage trains.
+enum class InterstageSearch {
+  kOriginal,  // the program's own stepping search, as it always designed
+  kThorough,  // the original first, then every interstage pressure over its whole range (thorough_search.h)
+};
+
 struct DesignContext {
   DesignCase& dc;
   const AppData& data;
   const InputScreen& screen;
   float& PINTERFIX;  // carried across runs by the session
   Ui& ui;
+  // The search the run uses. A setting of the program or of the command, never of the case file.
+  InterstageSearch search = InterstageSearch::kOriginal;
 
   Steam steam() const { return Steam{data.steam, ui}; }
   Vapors vapors() const { return Vapors{data.vapors, data.user_vapors, ui}; }

@@ -3,14 +3,17 @@
 
 #include <array>
 #include <cmath>
+#include <exception>
 
 #include "case/check_input.h"
+#include "engine/advisories.h"
 #include "condenser/condenser_design.h"
 #include "engine/optimiser.h"
 #include "engine/results.h"
 #include "engine/run_errors.h"
 #include "engine/stage_model.h"
 #include "engine/stage_results.h"
+#include "engine/thorough_search.h"
 #include "properties/numeric.h"
 #include "properties/vb.h"
 
@@ -175,6 +178,44 @@ void VaporRangeWarnings(DesignContext& ctx) {
 
 }  // namespace
 
+TrainEnds TrainEndsOf(const DesignCase& dc) {
+  return TrainEnds{dc.PSUCT, dc.PDISCH + (dc.HASAC > 0 && dc.NSTAGES > 0 ? kAfterCondenserLoss : 0.0f), dc.TSUCT,
+                   FlowsOfLoads(dc)};
+}
+
+void DesignStages(DesignContext& ctx, float& pin, float pout, float& tin, LoadVector& loads) {
+  DesignCase& dc = ctx.dc;
+  Ui& ui = ctx.ui;
+  float best = 0;
+  int16_t err = 0;
+  const bool thorough = ctx.search == InterstageSearch::kThorough;
+  switch (dc.NSTAGES) {
+    case 1: {
+      ui.status("Calculating.....single stage design... ");
+      if (dc.HASC2 > 0) Precondenser(ctx, kCondC2, kLoadVPC2, dc.TSATC2, pin, tin, loads);
+      DesignSingleStage(ctx, pin, pout, tin, loads);
+      return;
+    }
+    case 2: {
+      ui.status("Calculating.....two stage design... ");
+      const float ve = dc.HASC1 > 0 ? Precondenser(ctx, kCondC1, kLoadVPC1, dc.TSATC1, pin, tin, loads)
+                                    : VaporEquivalent(ctx, loads, tin);
+      OptimizeTwoStage(ctx, ve, pin, pout, tin, loads, best, err);
+      break;
+    }
+    case 3:
+      ui.status("Calculating.....three stage design... ");
+      OptimizeThreeStage(ctx, pin, pout, tin, loads, best, err);
+      break;
+    case 4:
+      OptimizeFourStage(ctx, pin, pout, tin, ctx.PINTERFIX, 0, loads, best, err);
+      break;
+    default:
+      return;
+  }
+  if (thorough && dc.LRVPERR == 0) ImproveByThoroughSearch(ctx, pin, pout, tin);
+}
+
 std::vector<std::string> DesignSystem(DesignContext& ctx) {
   DesignCase& dc = ctx.dc;
   Ui& ui = ctx.ui;
@@ -184,43 +225,18 @@ std::vector<std::string> DesignSystem(DesignContext& ctx) {
   const auto condenser = [](int col) { return std::string("condenser ") + CondenserName(col); };
 
   ui.status("Calculating..... ");
-  float pout = dc.PDISCH + (dc.HASAC > 0 && dc.NSTAGES > 0 ? kAfterCondenserLoss : 0.0f);
-  float pin = dc.PSUCT;
-  float tin = dc.TSUCT;
+  TrainEnds ends = TrainEndsOf(dc);
+  float pout = ends.pout;
+  float& pin = ends.pin;
+  float& tin = ends.tin;
+  LoadVector& loads = ends.loads;
   dc.LRVPERR = 0;
 
   if (dc.NSTAGES < 3) errors.Step("the precondenser advice", cells, [&] { PrecondenserAdvice(ctx, pin); });
 
-  LoadVector loads = FlowsOfLoads(dc);
-  float best = 0;
-  int16_t err = 0;
   // A fault inside the search leaves the best stages found before it.
-  errors.Step(dc.NSTAGES == 1 ? "the design of stage C" : "the interstage pressure search", cells, [&] {
-    switch (dc.NSTAGES) {
-      case 1: {
-        ui.status("Calculating.....single stage design... ");
-        if (dc.HASC2 > 0) Precondenser(ctx, kCondC2, kLoadVPC2, dc.TSATC2, pin, tin, loads);
-        DesignSingleStage(ctx, pin, pout, tin, loads);
-        break;
-      }
-      case 2: {
-        ui.status("Calculating.....two stage design... ");
-        const float ve = dc.HASC1 > 0 ? Precondenser(ctx, kCondC1, kLoadVPC1, dc.TSATC1, pin, tin, loads)
-                                      : VaporEquivalent(ctx, loads, tin);
-        OptimizeTwoStage(ctx, ve, pin, pout, tin, loads, best, err);
-        break;
-      }
-      case 3:
-        ui.status("Calculating.....three stage design... ");
-        OptimizeThreeStage(ctx, pin, pout, tin, loads, best, err);
-        break;
-      case 4:
-        OptimizeFourStage(ctx, pin, pout, tin, ctx.PINTERFIX, 0, loads, best, err);
-        break;
-      default:
-        break;
-    }
-  });
+  errors.Step(dc.NSTAGES == 1 ? "the design of stage C" : "the interstage pressure search", cells,
+              [&] { DesignStages(ctx, pin, pout, tin, loads); });
   if (dc.LRVPERR == 1) {
     ui.notice("Error encountered in liquid ring vacuum pump design.\r\nThe conditions may be beyond the capacity of a "
               "vacuum pump.\r\nSuggestions:\r\n-If cooling water is hot, try cold water (~50F) to prove if conditions "
@@ -334,9 +350,25 @@ DesignOutcome RunDesign(DesignContext& ctx, InputScreen& screen) {
   const Vapors vapors = ctx.vapors();
   outcome.input_error = CheckInput(screen, ctx.dc, ctx.PINTERFIX, CheckServices{steam, vapors, ctx.ui});
   if (outcome.input_error != 0) return outcome;
+  // The stage counts designed by the thorough search, on copies: for the
+  // thorough search's automatic count, and for the advice on the design. A
+  // count the user chose is designed thoroughly by the run itself.
+  const bool thorough = ctx.search == InterstageSearch::kThorough;
+  const bool automatic = ctx.dc.STAGEOPT == 0;
+  const std::vector<StageCountTrial> counts =
+      TryStageCounts(ctx, screen, thorough && !automatic ? ctx.dc.NSTAGES : 0);
+  if (thorough && automatic) {
+    std::string chosen = ChooseStageCount(ctx, counts);
+    if (!chosen.empty()) outcome.advisories.push_back(std::move(chosen));
+  }
   outcome.errors = DesignSystem(ctx);
   if (ctx.dc.LRVPERR == 0) {
     outcome.results = true;
+    // Advice never stops a design: a run-time error while it is worked out leaves it unsaid.
+    try {
+      for (std::string& text : DesignAdvisories(ctx, counts)) outcome.advisories.push_back(std::move(text));
+    } catch (const std::exception&) {
+    }
   } else {
     outcome.lblMessage = "LRVP Error";
   }

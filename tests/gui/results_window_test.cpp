@@ -99,3 +99,37 @@ TEST_F(ResultsWindow, EveryRowIsReachableOnALaptopScreenAndTheGridIsReadable) {
 }
 
 }  // namespace
+
+TEST_F(ResultsWindow, TheThoroughSearchOptionDesignsAndItsAdvisoriesStandWithTheResults) {
+  auto* thorough = Input()->findChild<QAction*>("mnuThoroughSearch");
+  ASSERT_NE(thorough, nullptr);
+  EXPECT_EQ(window->search, InterstageSearch::kOriginal) << "the original search unless asked";
+  thorough->setChecked(true);
+  EXPECT_EQ(window->search, InterstageSearch::kThorough);
+  Design("AUTOMATIC-SURFACE.JET");
+  EXPECT_EQ(session.design.NSTAGES, 3) << "three stages need less steam than the two of the pressure bands";
+  auto* box = Results()->frames->findChild<QGroupBox*>("advisories");
+  ASSERT_NE(box, nullptr);
+  QStringList texts;
+  for (auto* label : box->findChildren<QLabel*>()) texts << label->text();
+  ASSERT_FALSE(texts.isEmpty());
+  EXPECT_TRUE(texts.front().startsWith("Thorough search: three stages chosen")) << texts.front().toStdString();
+  thorough->setChecked(false);
+  EXPECT_EQ(window->search, InterstageSearch::kOriginal);
+}
+
+TEST_F(ResultsWindow, ADesignWithNothingToAdviseShowsNoAdvisories) {
+  Design("TWO-STAGE-SURFACE-TUBE-SIDE.JET");
+  EXPECT_EQ(Results()->frames->findChild<QGroupBox*>("advisories"), nullptr);
+}
+
+TEST_F(ResultsWindow, TheSearchSettingIsKeptForTheNextStartOfTheProgram) {
+  Input()->findChild<QAction*>("mnuThoroughSearch")->setChecked(true);
+  window = std::make_unique<MainWindow>(session, ui);
+  EXPECT_EQ(window->search, InterstageSearch::kThorough);
+  auto* thorough = Input()->findChild<QAction*>("mnuThoroughSearch");
+  EXPECT_TRUE(thorough->isChecked());
+  thorough->setChecked(false);
+  window = std::make_unique<MainWindow>(session, ui);
+  EXPECT_EQ(window->search, InterstageSearch::kOriginal);
+}
