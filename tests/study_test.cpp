@@ -29,10 +29,10 @@ struct Single {
   DesignOutcome outcome;
   DesignSummary summary;
 };
-std::unique_ptr<Single> DesignAlone(InputScreen screen) {
+std::unique_ptr<Single> DesignAlone(InputScreen screen, InterstageSearch search = InterstageSearch::kOriginal) {
   auto s = std::make_unique<Single>();
   float pinterfix = 0;
-  DesignContext ctx{s->dc, ShippedData(), screen, pinterfix, s->ui};
+  DesignContext ctx{s->dc, ShippedData(), screen, pinterfix, s->ui, search};
   s->outcome = RunDesign(ctx, screen);
   if (s->outcome.results) s->summary = SummarizeDesign(ctx);
   return s;
@@ -198,6 +198,34 @@ TEST(Study, ARefusedPointCarriesItsNoticesAndAPumpErrorItsFlag) {
   const auto choice = RunStudy(ShippedData(), base, 0, {{"NSTAGES", {7}}});
   EXPECT_EQ(choice[0].input_error, 1);
   EXPECT_EQ(choice[0].notices, (std::vector<std::string>{"NSTAGES cannot be 7."}));
+}
+
+TEST(Study, TheThoroughSearchDesignsEachPointAsTheDesignCommandWithItDoes) {
+  // 86 and 88 F water: the original search stops at a poor interstage pressure there.
+  InputScreen base = Example("AIR-ONLY-100-LB-HR.JET");
+  ASSERT_TRUE(SetStudyInput(base, "NSTAGES", 3));
+  const std::vector<StudyVariable> vary = {{"TWATERIN", {86, 88}}};
+  StudyOptions thorough;
+  thorough.search = InterstageSearch::kThorough;
+  const auto better = RunStudy(ShippedData(), base, 0, vary, thorough);
+  const auto original = RunStudy(ShippedData(), base, 0, vary);
+  for (size_t i = 0; i < 2; ++i) {
+    InputScreen screen = base;
+    ASSERT_TRUE(SetStudyInput(screen, "TWATERIN", vary[0].values[i]));
+    ExpectSameDesign(better[i], *DesignAlone(screen, InterstageSearch::kThorough));
+    ExpectSameDesign(original[i], *DesignAlone(screen));
+    EXPECT_LT(better[i].summary.motive_steam_lb_hr, 0.9f * original[i].summary.motive_steam_lb_hr);
+  }
+}
+
+TEST(Study, APointKeepsTheAdviceOnItsOwnDesign) {
+  // 5 mmHgA with 110 F water: three stages cannot balance stage A.
+  InputScreen base = Example("AIR-ONLY-100-LB-HR.JET");
+  ASSERT_TRUE(SetStudyInput(base, "NSTAGES", 3));
+  const auto points = RunStudy(ShippedData(), base, 0, {{"PSUCT", {5}}, {"TWATERIN", {110}}});
+  ASSERT_FALSE(points[0].errors.empty());
+  ASSERT_FALSE(points[0].advisories.empty());
+  EXPECT_NE(StudyCsv({{"PSUCT", {5}}, {"TWATERIN", {110}}}, points).find(points[0].advisories[0]), std::string::npos);
 }
 
 TEST(Study, ACancelledStudyLeavesThePointsNotStartedUndone) {

@@ -15,6 +15,7 @@ struct StudyArgs {
   std::string file;
   std::vector<std::string> vary;
   int jobs = 0;
+  std::string search = "original";
   std::string format = "csv";
   std::string out;
 };
@@ -40,6 +41,7 @@ nlohmann::json PointJson(const StudyPoint& p, const std::vector<StudyVariable>& 
   j["input_error"] = p.input_error;
   j["errors"] = p.errors;
   j["notices"] = p.notices;
+  j["advisories"] = p.advisories;
   j["LRVPERR"] = p.LRVPERR;
   for (const StudyOutput& o : StudyOutputs()) {
     const std::optional<float> value = o.value(p);
@@ -67,6 +69,7 @@ int Study(const GlobalOptions& options, const StudyArgs& args) {
   bool progressed = false;
   StudyOptions run;
   run.jobs = args.jobs;
+  if (args.search == "thorough") run.search = InterstageSearch::kThorough;
   run.progress = [&](size_t done, size_t total) {
     const auto now = std::chrono::steady_clock::now();
     if (done < total && now - shown < std::chrono::milliseconds(500)) return;
@@ -126,6 +129,8 @@ void AddStudyCommand(CLI::App& app, const GlobalOptions& options, int& exit_code
                   "logarithm) or NAME=V1,V2,...; given twice, every combination, the first varying slowest")
       ->required();
   cmd->add_option("--jobs", args->jobs, "Worker threads (default: one per core)")->check(CLI::Range(1, 256));
+  cmd->add_option("--search", args->search, "Interstage search of every point: original (the default) or thorough")
+      ->check(CLI::IsMember({"original", "thorough"}));
   cmd->add_option("--format", args->format, "csv: a line per point; json: the points with their inputs and outputs")
       ->check(CLI::IsMember({"csv", "json"}));
   cmd->add_option("-o,--output", args->out, "Output file (standard output without it)");

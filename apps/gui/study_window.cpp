@@ -167,6 +167,7 @@ bool StudyWindow::Run() {
   }
   variables_ = variables;
   log_x_ = ranges[0].log->isChecked();
+  search_ = w_.search;  // the program's setting, as the designs of the input window use it
   total_ = StudyGrid(variables_).size();
   progress->setRange(0, static_cast<int>(total_));
   progress->setValue(0);
@@ -183,6 +184,7 @@ bool StudyWindow::Run() {
   worker_ = std::thread([this] {
     StudyOptions options;
     options.cancel = &cancel_;
+    options.search = search_;
     options.progress = [this](size_t done, size_t) { done_ = done; };
     running_points_ = RunStudy(*data_, base_, pinterfix_, variables_, options);
     finished_ = true;

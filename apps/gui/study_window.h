@@ -69,7 +69,8 @@ class StudyWindow : public QDialog {
   // The program's data as the study started: the windows may change the user's vapors meanwhile.
   std::unique_ptr<const AppData> data_;
   std::vector<StudyVariable> variables_;
-  bool log_x_ = false;  // the first input's values are spaced in the logarithm: so is the chart's axis
+  bool log_x_ = false;
+  InterstageSearch search_ = InterstageSearch::kOriginal;  // the first input's values are spaced in the logarithm: so is the chart's axis
   std::vector<StudyPoint> points_;
   std::vector<StudyPoint> running_points_;
   std::atomic<bool> cancel_{false};

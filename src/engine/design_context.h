@@ -26,6 +26,9 @@ struct DesignContext {
   Ui& ui;
   // The search the run uses. A setting of the program or of the command, never of the case file.
   InterstageSearch search = InterstageSearch::kOriginal;
+  // Whether the run's advice compares the other stage counts and the thorough search: several designs more,
+  // which a study of many points leaves out (its points keep the advice on the design itself).
+  bool compare = true;
 
   Steam steam() const { return Steam{data.steam, ui}; }
   Vapors vapors() const { return Vapors{data.vapors, data.user_vapors, ui}; }

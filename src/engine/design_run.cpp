@@ -356,7 +356,8 @@ DesignOutcome RunDesign(DesignContext& ctx, InputScreen& screen) {
   const bool thorough = ctx.search == InterstageSearch::kThorough;
   const bool automatic = ctx.dc.STAGEOPT == 0;
   const std::vector<StageCountTrial> counts =
-      TryStageCounts(ctx, screen, thorough && !automatic ? ctx.dc.NSTAGES : 0);
+      ctx.compare || (thorough && automatic) ? TryStageCounts(ctx, screen, thorough && !automatic ? ctx.dc.NSTAGES : 0)
+                                             : std::vector<StageCountTrial>{};
   if (thorough && automatic) {
     std::string chosen = ChooseStageCount(ctx, counts);
     if (!chosen.empty()) outcome.advisories.push_back(std::move(chosen));

@@ -45,7 +45,7 @@ int Choice(float value, int low, int high) {
   return whole == value && whole >= low && whole <= high ? static_cast<int>(whole) : -1;
 }
 
-StudyPoint DesignPoint(const AppData& data, const InputScreen& base, float pinterfix,
+StudyPoint DesignPoint(const AppData& data, const InputScreen& base, float pinterfix, InterstageSearch search,
                        const std::vector<StudyVariable>& variables, const std::vector<float>& values) {
   StudyPoint point;
   point.values = values;
@@ -61,12 +61,14 @@ StudyPoint DesignPoint(const AppData& data, const InputScreen& base, float pinte
   DesignCase dc;
   float fixed = pinterfix;
   RecordingUi ui;
-  DesignContext ctx{dc, data, screen, fixed, ui};
+  DesignContext ctx{dc, data, screen, fixed, ui, search};
+  ctx.compare = false;  // the advice on each point's own design, not the designs it could have been
   try {
     const DesignOutcome outcome = RunDesign(ctx, screen);
     point.input_error = outcome.input_error;
     point.results = outcome.results;
     point.errors = outcome.errors;
+    point.advisories = outcome.advisories;
     if (point.results) point.summary = SummarizeDesign(ctx);
   } catch (const VbError& e) {
     // Whatever no step of the run trapped ends this point, as it ends a case of the design command.
@@ -276,7 +278,7 @@ std::vector<StudyPoint> RunStudy(const AppData& data, const InputScreen& base, f
       if (options.cancel != nullptr && options.cancel->load()) return;
       const size_t i = next++;
       if (i >= grid.size()) return;
-      points[i] = DesignPoint(data, base, pinterfix, variables, grid[i]);
+      points[i] = DesignPoint(data, base, pinterfix, options.search, variables, grid[i]);
       const size_t finished = ++done;
       if (options.progress) {
         const std::lock_guard<std::mutex> hold(progress_lock);
@@ -354,7 +356,7 @@ std::string StudyCsv(const std::vector<StudyVariable>& variables, const std::vec
   for (const StudyVariable& v : variables) csv += v.name + ",";
   csv += "input_error,errors,LRVPERR";
   for (const StudyOutput& o : StudyOutputs()) csv += "," + o.name;
-  csv += ",notices\n";
+  csv += ",notices,advisories\n";
   for (const StudyPoint& p : points) {
     for (float v : p.values) csv += GeneralText(v) + ",";
     csv += std::to_string(p.input_error) + "," + CsvText(Joined(p.errors)) + "," + std::to_string(p.LRVPERR);
@@ -362,7 +364,7 @@ std::string StudyCsv(const std::vector<StudyVariable>& variables, const std::vec
       const std::optional<float> v = o.value(p);
       csv += "," + (v ? GeneralText(*v) : std::string());
     }
-    csv += "," + CsvText(Joined(p.notices)) + "\n";
+    csv += "," + CsvText(Joined(p.notices)) + "," + CsvText(Joined(p.advisories)) + "\n";
   }
   return csv;
 }

@@ -59,6 +59,7 @@ struct StudyPoint {
   bool results = false;       // the run gave results
   std::vector<std::string> notices;  // the messages of its check and run, in order
   std::vector<std::string> errors;   // the error flags it ended with, as `design` names them
+  std::vector<std::string> advisories;  // the advice on the design itself (no comparison with other designs)
   int16_t NSTAGES = 0;
   int16_t LRVPERR = 0;
   float load_lb_hr = 0;  // all loads together
@@ -67,12 +68,13 @@ struct StudyPoint {
 
 struct StudyOptions {
   int jobs = 0;  // worker threads; 0: one per core
+  InterstageSearch search = InterstageSearch::kOriginal;  // as the design command's --search
   // Called from the workers, now and then and at the end, with the points done and the total.
   std::function<void(size_t done, size_t total)> progress;
   const std::atomic<bool>* cancel = nullptr;  // set: the points not started yet are left undone
 };
 
-// Designs the base screen at every point of the grid. The data are shared read-only; each worker has its own
+// Designs the base screen at every point of the grid, by the options' search. The data are shared read-only; each worker has its own
 // case record, screen and messages. Every point starts from the same fixed A-B pressure `pinterfix` (the
 // session's at the start), so that no point depends on the points designed before it: the results are those of
 // one design per point in a fresh session with that pressure, in grid order whatever the number of workers.
@@ -90,7 +92,7 @@ struct StudyOutput {
 const std::vector<StudyOutput>& StudyOutputs();
 
 // The study as a table: a head line, then a line per point (the varied values first, then input_error, errors,
-// LRVPERR and the outputs, then the notices), comma-separated with texts in quotes.
+// LRVPERR and the outputs, then the notices and the advisories), comma-separated with texts in quotes.
 std::string StudyCsv(const std::vector<StudyVariable>& variables, const std::vector<StudyPoint>& points);
 
 }  // namespace kestrane
