@@ -1,9 +1,9 @@
-# Thin wrapper over CMake: make build | run | test | bench
+# Thin wrapper over CMake: make build | run | test | bench | package
 BUILD ?= build
 JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=Release
 
-.PHONY: all bootstrap configure build run test bench screenshots clean
+.PHONY: all bootstrap configure build run test bench screenshots package clean
 
 all: build
 
@@ -29,6 +29,10 @@ bench: build
 
 screenshots: build
 	$(BUILD)/bin/make_screenshots docs/screenshots
+
+# The Debian package kestrane_<version>_amd64.deb, in the build folder.
+package: build
+	cd $(BUILD) && cpack -G DEB
 
 clean:
 	rm -rf $(BUILD)
