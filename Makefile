@@ -1,9 +1,12 @@
-# Thin wrapper over CMake: make build | run | test | bench | package
+# Thin wrapper over CMake: make build | run | test | bench | package | fuzz
 BUILD ?= build
 JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=Release
+# The fuzz build stands in a folder of its own.
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
 
-.PHONY: all bootstrap configure build run test bench screenshots package clean
+.PHONY: all bootstrap configure build run test bench screenshots package fuzz clean
 
 all: build
 
@@ -34,5 +37,11 @@ screenshots: build
 package: build
 	cd $(BUILD) && cpack -G DEB
 
+# Every reader's fuzzer for FUZZ_SECONDS seconds each (clang's libFuzzer).
+fuzz: bootstrap
+	cmake -S . -B $(FUZZ_BUILD) $(CMAKE_FLAGS) -DKESTRANE_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++-14
+	cmake --build $(FUZZ_BUILD) -j $(JOBS)
+	FUZZ_SECONDS=$(FUZZ_SECONDS) cmake --build $(FUZZ_BUILD) --target fuzz
+
 clean:
-	rm -rf $(BUILD)
+	rm -rf $(BUILD) $(FUZZ_BUILD)
