@@ -1,12 +1,13 @@
-# Thin wrapper over CMake: make build | run | test | bench | package | fuzz
+# Thin wrapper over CMake: make build | run | test | bench | package | fuzz | sanitize
 BUILD ?= build
 JOBS ?= $(shell nproc)
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=Release
-# The fuzz build stands in a folder of its own.
+# The sanitizer build and the fuzz build stand in folders of their own.
+SANITIZE_BUILD ?= build-sanitize
 FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 60
 
-.PHONY: all bootstrap configure build run test bench screenshots package fuzz clean
+.PHONY: all bootstrap configure build run test bench screenshots package sanitize fuzz clean
 
 all: build
 
@@ -37,6 +38,12 @@ screenshots: build
 package: build
 	cd $(BUILD) && cpack -G DEB
 
+# The whole test suite built with AddressSanitizer and UndefinedBehaviorSanitizer.
+sanitize: bootstrap
+	cmake -S . -B $(SANITIZE_BUILD) $(CMAKE_FLAGS) -DKESTRANE_SANITIZE=ON
+	cmake --build $(SANITIZE_BUILD) -j $(JOBS)
+	cd $(SANITIZE_BUILD) && ctest --output-on-failure -j $(JOBS)
+
 # Every reader's fuzzer for FUZZ_SECONDS seconds each (clang's libFuzzer).
 fuzz: bootstrap
 	cmake -S . -B $(FUZZ_BUILD) $(CMAKE_FLAGS) -DKESTRANE_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++-14
@@ -44,4 +51,4 @@ fuzz: bootstrap
 	FUZZ_SECONDS=$(FUZZ_SECONDS) cmake --build $(FUZZ_BUILD) --target fuzz
 
 clean:
-	rm -rf $(BUILD) $(FUZZ_BUILD)
+	rm -rf $(BUILD) $(SANITIZE_BUILD) $(FUZZ_BUILD)
