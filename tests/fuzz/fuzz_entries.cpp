@@ -27,21 +27,37 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The readers take a path: the bytes are written whole to one scratch file of this process, named
-// with the extension the reader expects, and read back from there.
-fs::path ScratchFile(std::string_view bytes, std::string_view extension) {
-  const fs::path file = fs::temp_directory_path() /
-                        ("kestrane-fuzz-" + std::to_string(::getpid()) + "." + std::string(extension));
-  std::ofstream(file, std::ios::binary | std::ios::trunc).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return file;
-}
+// The readers take a path: the bytes are written whole to a file of a scratch folder of this process, named with
+// the extension the reader expects. The folder goes when the read is done, with any copy the reader kept of a
+// damaged file, so that every input is read afresh.
+class ScratchFile {
+ public:
+  ScratchFile(std::string_view bytes, std::string_view extension)
+      : folder_(fs::temp_directory_path() / ("kestrane-fuzz-" + std::to_string(::getpid()))),
+        path_(folder_ / ("input." + std::string(extension))) {
+    fs::create_directories(folder_);
+    std::ofstream(path_, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  }
+  ~ScratchFile() {
+    std::error_code ec;
+    fs::remove_all(folder_, ec);
+  }
+  ScratchFile(const ScratchFile&) = delete;
+  ScratchFile& operator=(const ScratchFile&) = delete;
+  const fs::path& path() const { return path_; }
+
+ private:
+  fs::path folder_;
+  fs::path path_;
+};
 
 // Each reader with a fresh state and a Ui that keeps its notices to itself and answers no.
 template <typename State, typename Read>
 void ReadInto(std::string_view bytes, std::string_view extension, Read read) {
   auto state = std::make_unique<State>();
   RecordingUi ui;
-  read(ScratchFile(bytes, extension), *state, ui);
+  const ScratchFile file(bytes, extension);
+  read(file.path(), *state, ui);
 }
 
 void JetCase(std::string_view bytes) { ReadInto<InputScreen>(bytes, "JET", ReadCase); }
@@ -57,19 +73,22 @@ void Pumps(std::string_view bytes) { ReadInto<PumpData>(bytes, "DTA", ReadPumps)
 void UserInfoFile(std::string_view bytes) {
   UserInfo rows(kUserInfoRows);
   RecordingUi ui;
-  ReadUserInfo(ScratchFile(bytes, "DTA"), rows, ui);
+  const ScratchFile file(bytes, "DTA");
+  ReadUserInfo(file.path(), rows, ui);
 }
 
 void DrawingFile(std::string_view bytes) {
   auto drawing = std::make_unique<Drawing>();
   RecordingUi ui;
   int16_t failed = 0;
-  LoadDrawing(*drawing, ScratchFile(bytes, "CAD"), 0, failed, ui);
+  const ScratchFile file(bytes, "CAD");
+  LoadDrawing(*drawing, file.path(), 0, failed, ui);
 }
 
 void DrawingFont(std::string_view bytes) {
   auto font = std::make_unique<DrawFont>();
-  LoadDrawingFont(ScratchFile(bytes, "DTA"), *font);
+  const ScratchFile file(bytes, "DTA");
+  LoadDrawingFont(file.path(), *font);
 }
 
 // The expression evaluator as typed: the first line is the expression, each further line (five at most) a
