@@ -288,6 +288,17 @@ TEST_F(CalculatorFiles, AMissingOrDamagedConversionFileIsReported) {
   EXPECT_EQ(CVRT(t.categories[1], 1, 1, 3), "3.000000");
 }
 
+TEST_F(CalculatorFiles, AConversionFileWhoseFirstCategoryIsNumberedZeroStartsItsCategoryThere) {
+  RecordingUi ui;
+  CvrtTable t;
+  WriteBytes(dir / "CVRT.DTA", "0,\"Meter\",\"m\",1,1,0,0\r\n0,\"Foot\",\"ft\",0.3048,1,0,0\r\n1,\"Gram\",\"g\",1,1,0,0\r\n");
+  ASSERT_TRUE(ReadCvrt(dir / "CVRT.DTA", t, ui));
+  ASSERT_EQ(t.categories.size(), 2u);
+  EXPECT_EQ(t.categories[0].number, 0);
+  EXPECT_EQ(t.categories[0].units.size(), 2u);
+  EXPECT_EQ(t.categories[1].units.size(), 1u);
+}
+
 // --- Tail leg ----------------------------------------------------------------
 
 TEST(TailLeg, AtmosphereOverFullVacuumNeedsAboutThirtyFourFeetOfWater) {

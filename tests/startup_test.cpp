@@ -195,6 +195,23 @@ TEST_F(ProgramFolder, DataAndCaseFoldersFollowTheUsersDesktopSettings) {
   ::unsetenv("XDG_CONFIG_HOME");
 }
 
+TEST_F(ProgramFolder, AnInstalledProgramFindsItsDataAndExamplesUnderShare) {
+  const fs::path usr = dir / "usr";
+  fs::create_directories(usr / "bin");
+  fs::create_directories(usr / "share" / "kestrane");
+  fs::create_directories(usr / "share" / "doc" / "kestrane" / "examples");
+  const ProgramPaths installed = PathsForProgram(usr / "bin");
+  EXPECT_EQ(installed.pgmfiles, usr / "share" / "kestrane");
+  EXPECT_EQ(installed.examples, usr / "share" / "doc" / "kestrane" / "examples");
+
+  // Folders beside the program win, as in the build tree.
+  fs::create_directories(usr / "bin" / "pgmfiles");
+  fs::create_directories(usr / "bin" / "usrfiles");
+  const ProgramPaths beside = PathsForProgram(usr / "bin");
+  EXPECT_EQ(beside.pgmfiles, usr / "bin" / "pgmfiles");
+  EXPECT_EQ(beside.examples, usr / "bin" / "usrfiles");
+}
+
 TEST_F(ProgramFolder, TheCaseFolderIsSeededWithTheExamplesOnlyWhenItIsNew) {
   fs::create_directories(dir / "usrfiles");
   WriteBytes(dir / "usrfiles" / "EXAMPLE.JET", "shipped");

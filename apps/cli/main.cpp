@@ -35,7 +35,7 @@ int Report(bool json, int exit_code, const std::string& error, const std::vector
 int main(int argc, char** argv) {
   using namespace kestrane;
   CLI::App app{"Kestrane designs steam jet vacuum systems and answers the engineering calculations around them."};
-  app.set_version_flag("--version", "Kestrane " + Trim(GeneralText(PROGVERSION)), "Print the program version and exit");
+  app.set_version_flag("--version", "Kestrane " + ProgramVersionText(), "Print the program version and exit");
   app.require_subcommand(1);
   app.footer(
       "Exit status: 0 done, 1 the input was refused by a check, 2 a usage or file error, "
@@ -44,7 +44,8 @@ int main(int argc, char** argv) {
   cli::GlobalOptions options;
   app.add_option("--pgmfiles", options.pgmfiles,
                  "Folder of the program's data files, the user's own among them "
-                 "(default: the shipped data in pgmfiles beside the program, the user's in ~/.local/share/kestrane)");
+                 "(default: the shipped data in pgmfiles beside the program, or in ../share/kestrane when installed; "
+                 "the user's in ~/.local/share/kestrane)");
   app.add_option("--date", options.date, "Fix today's date for reports, as YYYY-MM-DD");
 
   int exit_code = cli::kExitDone;

@@ -75,6 +75,8 @@ MainWindow::MainWindow(Session& s, QtUi& u) : session(s), ui(u), screen(NewCase(
   RefreshTitle();
 }
 
+MainWindow::~MainWindow() { delete go_figure_; }
+
 void MainWindow::AddPage(Form form, Page* page) {
   pages_[form] = page;
   // A page that needs more room than the window has (a small screen) scrolls rather than being cut off.

@@ -34,6 +34,8 @@ class MainWindow : public QMainWindow {
 
  public:
   MainWindow(Session& session, QtUi& ui);
+  // The calculator window stands on its own (no parent), so the main window deletes it.
+  ~MainWindow() override;
 
   // The one-visible-window rule: the coming page replaces the leaving one.
   void SwapForms(Form leaving, Form coming);

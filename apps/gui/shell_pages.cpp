@@ -46,7 +46,7 @@ frmAbout::frmAbout(MainWindow& w) : Page(&w) {
   title->setWordWrap(true);
   layout->addWidget(title);
   auto* form = new QFormLayout;
-  lblVersion = new QLabel(Q(Trim(GeneralText(PROGVERSION))));
+  lblVersion = new QLabel(Q(ProgramVersionText()));
   form->addRow("Version:", lblVersion);
   layout->addLayout(form);
   layout->addStretch();

@@ -55,7 +55,8 @@ bool ReadCvrt(const std::filesystem::path& path, CvrtTable& table, Ui& ui) {
       const std::vector<std::string> f = Fields(line);
       if (f.size() != 7) throw VbError(62);
       const int number = CInt(Number(f[0]));
-      if (number != previous) {
+      // A new number starts a category; so does the first line, whatever its number.
+      if (number != previous || table.categories.empty()) {
         if (table.categories.size() == kCvrtCategories) throw VbError(9);
         table.categories.push_back({number, {}});
         previous = number;

@@ -1,7 +1,11 @@
 // The fixed design tables: ejector and condenser curves, materials, pipes, barometric, ejector body and layout tables.
 #include "shell/constants.h"
 
+#include "properties/vb.h"
+
 namespace kestrane {
+
+std::string ProgramVersionText() { return Trim(GeneralText(PROGVERSION)); }
 
 void SetCurves(Curves& c) {
   // Maximum vapor velocity: inches of mercury, ft/s.

@@ -9,6 +9,8 @@ namespace kestrane {
 
 // The program's version, shown as "2.01" and written first in every case file.
 inline constexpr float PROGVERSION = 2.01f;
+// The version as the programs show it: "2.01".
+std::string ProgramVersionText();
 
 // Curve tables set at start-up under "Setting Mollier Data......".
 // Each is T(point, column), read through TableInterp.

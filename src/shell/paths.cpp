@@ -49,14 +49,24 @@ fs::path DocumentsFolder(const fs::path& home) {
   return home / "Documents";
 }
 
+// The folder beside the program when it stands there (the build tree), else the
+// installed folder relative to the program's (bin/../share/...).
+fs::path BesideOrInstalled(const fs::path& program_dir, const fs::path& beside, const fs::path& installed) {
+  std::error_code ec;
+  const fs::path here = program_dir / beside;
+  const fs::path there = program_dir.parent_path() / installed;
+  if (!fs::is_directory(here, ec) && fs::is_directory(there, ec)) return there;
+  return here;
+}
+
 }  // namespace
 
 ProgramPaths PathsForProgram(const fs::path& program_dir) {
   const fs::path home = HomeFolder();
   ProgramPaths p;
   p.program_dir = program_dir;
-  p.pgmfiles = program_dir / "pgmfiles";
-  p.examples = program_dir / "usrfiles";
+  p.pgmfiles = BesideOrInstalled(program_dir, "pgmfiles", fs::path("share") / "kestrane");
+  p.examples = BesideOrInstalled(program_dir, "usrfiles", fs::path("share") / "doc" / "kestrane" / "examples");
   p.userdata = FolderFromEnvironment("XDG_DATA_HOME", home / ".local" / "share") / "kestrane";
   p.usrfiles = DocumentsFolder(home) / "Kestrane";
   return p;

@@ -27,7 +27,10 @@ struct ProgramPaths {
   std::filesystem::path UserDataFile(std::string_view name) const;
 };
 
-// The paths of a program in the given folder, for the user of the
+// The paths of a program in the given folder. The shipped data and examples
+// stand beside it (pgmfiles, usrfiles), as in the build tree; an installed
+// program without them finds them under ../share (share/kestrane and
+// share/doc/kestrane/examples). For the user of the
 // environment: the data folder $XDG_DATA_HOME/kestrane (default
 // ~/.local/share/kestrane), the case folder Kestrane in the documents folder
 // ($XDG_DOCUMENTS_DIR, the user-dirs.dirs setting, default ~/Documents).
