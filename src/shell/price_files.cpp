@@ -24,6 +24,8 @@ std::filesystem::path PriceFile(const std::filesystem::path& folder, const std::
   return joined.is_absolute() ? joined : folder / joined;
 }
 
+}  // namespace
+
 void ReadTubePrices(const std::filesystem::path& file, PriceData& data) {
   ListInput in(file);
   for (int i = 1; i <= kTubeIndexCount; ++i) data.TUBEIDX(i) = in.Integer();
@@ -34,8 +36,6 @@ void ReadTubePrices(const std::filesystem::path& file, PriceData& data) {
   }
 }
 
-// Sections open with a line that, trimmed, is "DATA " and the name; their numbers follow row by row. Other lines
-// are skipped. False when a section is missing.
 bool ReadPriceTables(const std::filesystem::path& file, PriceData& data) {
   ListInput in(file);
   data.tables.clear();
@@ -53,8 +53,6 @@ bool ReadPriceTables(const std::filesystem::path& file, PriceData& data) {
   }
   return data.tables.size() == PriceSections().size();
 }
-
-}  // namespace
 
 const std::vector<PriceSection>& PriceSections() {
   static const std::vector<PriceSection> sections = [] {

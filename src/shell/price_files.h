@@ -50,6 +50,14 @@ struct PriceData {
 // key, a key no record holds, and a file that cannot be read.
 bool MultiplierLookup(const std::filesystem::path& file, std::string_view key, float& value);
 
+// The tube prices: TUBEIDX, then TUBEPRC. Throws VbError when the file cannot be read whole.
+void ReadTubePrices(const std::filesystem::path& file, PriceData& data);
+
+// The price tables: each section opens with a line that, trimmed, is "DATA " and its name, its numbers following
+// row by row; other lines are skipped. False when a section is missing; throws VbError when a section's numbers
+// cannot be read.
+bool ReadPriceTables(const std::filesystem::path& file, PriceData& data);
+
 // Reads the configuration from the user's data folder and, when it turns pricing on, the three price files from
 // its folder. Any failure leaves PRICEMODE 0 and says nothing: pricing stays off.
 void ReadPricing(const ProgramPaths& paths, PriceData& data);

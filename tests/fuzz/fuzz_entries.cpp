@@ -18,6 +18,7 @@
 #include "properties/user_vapors.h"
 #include "properties/vapors.h"
 #include "pump/pump_data.h"
+#include "shell/price_files.h"
 #include "shell/user_info.h"
 #include "thermo/tc_file.h"
 
@@ -91,6 +92,42 @@ void DrawingFont(std::string_view bytes) {
   LoadDrawingFont(file.path(), *font);
 }
 
+// The price files: each reader on its own, as start-up reads them (a failure there is an exception that leaves
+// pricing off), and the configuration with the multiplier look-up of every key over the files it names.
+void PriceTables(std::string_view bytes) {
+  auto data = std::make_unique<PriceData>();
+  const ScratchFile file(bytes, "PRC");
+  try {
+    ReadPriceTables(file.path(), *data);
+  } catch (const VbError&) {
+  }
+}
+
+void TubePrices(std::string_view bytes) {
+  auto data = std::make_unique<PriceData>();
+  const ScratchFile file(bytes, "PRC");
+  try {
+    ReadTubePrices(file.path(), *data);
+  } catch (const VbError&) {
+  }
+}
+
+void Multipliers(std::string_view bytes) {
+  const ScratchFile file(bytes, "PRC");
+  float value = 0;
+  for (const char* key : {"DLR", "AMFCI", "AMFSTEEL", "AMF304", "AMF316", "AMFCASTSTL", "AMFCAST316", "BLABOR", ""}) {
+    MultiplierLookup(file.path(), key, value);
+  }
+}
+
+void PriceConfig(std::string_view bytes) {
+  const ScratchFile file(bytes, "DTA");
+  const ProgramPaths paths = PathsForDataFolder(file.path().parent_path(), file.path().parent_path());
+  std::filesystem::rename(file.path(), paths.UserDataFile(kPriceConfigFile));
+  auto data = std::make_unique<PriceData>();
+  ReadPricing(paths, *data);
+}
+
 // The expression evaluator as typed: the first line is the expression, each further line (five at most) a
 // variable row NAME=VALUE; evaluated in degrees and again in radians.
 void Expression(std::string_view bytes) {
@@ -121,7 +158,8 @@ const std::vector<FuzzEntry>& FuzzEntries() {
       {"gfr_file", GoFigure},         {"user_vapors", UserVaporFile}, {"user_info", UserInfoFile},
       {"conversions", Conversions},   {"vapor_base", VaporBase},     {"steam_table", SteamData},
       {"pumps", Pumps},               {"drawing", DrawingFile},      {"drawing_font", DrawingFont},
-      {"nupreir", Expression},
+      {"nupreir", Expression},         {"price_tables", PriceTables}, {"tube_prices", TubePrices},
+      {"multipliers", Multipliers},   {"price_config", PriceConfig},
   };
   return entries;
 }
