@@ -94,23 +94,18 @@ void DrawingFont(std::string_view bytes) {
 
 // The price files: each reader on its own, as start-up reads them (a failure there is an exception that leaves
 // pricing off), and the configuration with the multiplier look-up of every key over the files it names.
-void PriceTables(std::string_view bytes) {
+template <typename Read>
+void PriceFile(std::string_view bytes, Read read) {
   auto data = std::make_unique<PriceData>();
   const ScratchFile file(bytes, "PRC");
   try {
-    ReadPriceTables(file.path(), *data);
+    read(file.path(), *data);
   } catch (const VbError&) {
   }
 }
 
-void TubePrices(std::string_view bytes) {
-  auto data = std::make_unique<PriceData>();
-  const ScratchFile file(bytes, "PRC");
-  try {
-    ReadTubePrices(file.path(), *data);
-  } catch (const VbError&) {
-  }
-}
+void PriceTables(std::string_view bytes) { PriceFile(bytes, ReadPriceTables); }
+void TubePrices(std::string_view bytes) { PriceFile(bytes, ReadTubePrices); }
 
 void Multipliers(std::string_view bytes) {
   const ScratchFile file(bytes, "PRC");
