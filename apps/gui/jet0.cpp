@@ -152,9 +152,6 @@ frmJET0::frmJET0(MainWindow& w) : Page(&w), w_(w) {
     if (study != nullptr) study->close();
     study = new StudyWindow(w_, this);
     study->setAttribute(Qt::WA_DeleteOnClose);
-    connect(study, &QObject::destroyed, this, [this, opened = study] {
-      if (study == opened) study = nullptr;
-    });
     study->show();
   }));
   connect(cmdDebugger, &QPushButton::toggled, this, [this](bool on) {

@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSplitter>
@@ -31,6 +32,7 @@
 #include "thermo/thermo_compressor.h"
 #include "drawing_frame.h"
 #include "main_window.h"
+#include "study_window.h"
 #include "widgets.h"
 
 namespace kestrane::gui {
@@ -130,7 +132,7 @@ class frmJET0 : public Page, public StatusPrinting {
   class PricingForm* pricing = nullptr;  // made the first time it opens
   // A design study of the case shown.
   QPushButton* cmdStudy;
-  class StudyWindow* study = nullptr;  // the study window last opened
+  QPointer<StudyWindow> study;  // the study window last opened; null once it closed
   QMenuBar* menus;
   DrawingFrame* FrameDrawing;  // the open drawing, in place of the lists
   SlotRow* pictures;           // the equipment pictures in flow order, then the flow diagram
